@@ -1,0 +1,92 @@
+// SPDX-FileCopyrightText: 2026 The KyMath authors
+// SPDX-License-Identifier: Apache-2.0
+#ifndef KYMATH_POLYTOPE_H
+#define KYMATH_POLYTOPE_H
+
+#include <KyMath/Forward.h>
+#include <KyMath/Plane.h>
+
+#include <vector>
+
+namespace KyMath {
+
+/// Convex region: the common positive side of a list of planes, made for culling a hierarchy of
+/// nested boxes.
+///
+/// Bit i of a mask stands for plane i, and is set while that plane still has to be tested. Only the
+/// first 32 planes are ever tested. contains() starts from the mask on top of a stack and leaves in
+/// the current mask the planes that the box straddles; a box inside that box needs no others:
+///
+///     void cull(Polytope& view, const Node& node) {
+///         if (!view.contains(node.box)) return;          // wholly outside
+///         draw(node);
+///         view.pushCurrentMask();                        // children: straddled planes only
+///         for (const Node& child : node.children) cull(view, child);
+///         view.popCurrentMask();
+///     }
+///
+/// The stack is never empty after construction. Every function that changes the list of planes ends
+/// in setupMask(), which pushes: whoever rebuilds a polytope often keeps the stack short with
+/// popCurrentMask().
+class KY_API Polytope {
+public:
+    /// @name Construction and assignment
+    /// @{
+    Polytope();  ///< No planes: it holds every box.
+    Polytope(const std::vector<PlaneT<double>>& planes);
+    Polytope(const Polytope& p);
+    ~Polytope();
+    Polytope& operator=(const Polytope& p);
+    /// @}
+
+    /// @name Planes
+    /// @{
+    void set(const std::vector<PlaneT<double>>& planes);
+    void add(const PlaneT<double>& plane);  ///< Appends a copy with fresh corner indices.
+    void clear();                           ///< Removes all planes.
+    /// The six faces of the box, inside being the positive side: x > min.x, x < max.x, then y and
+    /// z. The box is not tested for validity.
+    void setToBoundingBox(const BoundingBoxT<double>& box);
+    const std::vector<PlaneT<double>>& getPlanes() const;
+    /// @}
+
+    /// @name Masks
+    /// @{
+    void setupMask();        ///< Sets the current mask to all planes and pushes it.
+    void pushCurrentMask();  ///< Once the stack has grown, pushing allocates nothing.
+    void popCurrentMask();   ///< The stack must not be empty, nor be left empty before contains().
+    unsigned int getCurrentMask() const;
+    const std::vector<unsigned int>& getMaskStack() const;  ///< The last element is the top.
+    /// @}
+
+    /// Whether the box is not wholly outside any of the planes in the mask on top of the stack:
+    /// true for a box inside and for one that straddles.
+    ///
+    /// A top of 0 gives true at once. Otherwise the current mask becomes the top, and the planes
+    /// are tested in order: one that has the box strictly on its positive side loses its bit, one
+    /// that has it strictly on its negative side ends the test with false. After true, the current
+    /// mask holds exactly the planes that the box straddles or touches. Allocates nothing.
+    bool contains(const BoundingBoxT<double>& box);
+
+    /// @name Transformation
+    /// The masks stay as they are.
+    /// @{
+
+    /// PlaneT::transformProvidingInverse(m) for every plane: coefficients become m times
+    /// themselves, then of unit length.
+    void transformProvidingInverse(const Matrix44T<double>& m);
+    /// transformProvidingInverse(m.inverse_orthogonal()). Plane coefficients map by the transposed
+    /// inverse of the matrix that moves points, so this does not move the region by m: for that,
+    /// call transformProvidingInverse() with the transposed inverse of m.
+    void transform(const Matrix44T<double>& m);
+    /// @}
+
+private:
+    std::vector<unsigned int> maskStack_;
+    unsigned int currentMask_;
+    std::vector<PlaneT<double>> planes_;
+};
+
+}  // namespace KyMath
+
+#endif

@@ -1,0 +1,195 @@
+// SPDX-FileCopyrightText: 2026 The KyMath authors
+// SPDX-License-Identifier: Apache-2.0
+#ifndef KYMATH_QUATERNION_H
+#define KYMATH_QUATERNION_H
+
+#include <KyMath/Forward.h>
+#include <KyMath/Vector3.h>
+
+#include <cstddef>
+#include <iosfwd>
+
+namespace KyMath {
+
+/// Quaternion q = w + xi + yj + zk, stored and passed w first: index 0 is w.
+///
+/// A unit q turns v into q v q*: active, right-handed, in radians. p * q applies q first, then p.
+/// Only normalize() restores unit length.
+template <class T>
+class KY_API QuaternionT {
+    static_assert(internal::IsScalar<T>::value, "KyMath: the scalar type must be float or double");
+
+public:
+    /// (w, x, y, z) = (0, 0, 0, 1), a half turn about z. The identity rotation is QuaternionT().
+    static const QuaternionT kIdentity;
+
+    /// @name Construction
+    /// @{
+    QuaternionT();  ///< (1, 0, 0, 0), the identity rotation
+    QuaternionT(T w, T x, T y, T z);
+    QuaternionT(const T* a);  ///< w, x, y, z = a[0], a[1], a[2], a[3]
+    /// Rotation by angle (radians) about axis, which is normalised first. A zero axis stays zero.
+    QuaternionT(const Vector3T<T>& axis, const T& angle);
+    QuaternionT(const QuaternionT& q) = default;
+    /// Not from a vector, which has another component order, nor from 0 or nullptr.
+    QuaternionT(const Vector3T<T>&) = delete;
+    QuaternionT(const Vector4T<T>&) = delete;
+    QuaternionT(int) = delete;
+    QuaternionT(std::nullptr_t) = delete;
+    /// @}
+
+    /// @name Assignment
+    /// @{
+    QuaternionT& operator=(const QuaternionT& q);
+    QuaternionT& operator=(const T* a);  ///< w, x, y, z = a[0], a[1], a[2], a[3]
+    QuaternionT& operator=(const Vector3T<T>&) = delete;
+    QuaternionT& operator=(const Vector4T<T>&) = delete;
+    QuaternionT& operator=(int) = delete;
+    QuaternionT& operator=(std::nullptr_t) = delete;
+    void set(T w, T x, T y, T z);
+    /// @}
+
+    /// @name Access
+    /// @{
+    void get(T* w, T* x, T* y, T* z) const;  ///< Writes all four; none may be null.
+    void get(T* a) const;                    ///< a[0..3] = w, x, y, z
+    void get(QuaternionT& q) const;          ///< q = *this
+    T w() const;
+    T x() const;
+    T y() const;
+    T z() const;
+    T& operator[](int i);  ///< Component i, 0 being w; no range check.
+    T& operator[](unsigned int i);
+    T& operator[](long i);
+    T& operator[](unsigned long i);
+    const T& operator[](int i) const;
+    const T& operator[](unsigned int i) const;
+    const T& operator[](long i) const;
+    const T& operator[](unsigned long i) const;
+    operator T*();              ///< Pointer to w; x, y and z follow.
+    operator const T*() const;  ///< Pointer to w; x, y and z follow.
+    /// @}
+
+    /// @name Comparison
+    /// @{
+    bool operator==(const QuaternionT& q) const;  ///< Exact, by component; false with any NaN.
+    bool operator!=(const QuaternionT& q) const;  ///< Not ==; true with any NaN.
+    /// Whether each pair of components is equal within tol: with d = |a_i - b_i|,
+    /// d <= tol when |a_i| <= tol or |b_i| <= tol, otherwise d / |a_i| <= tol and d / |b_i| <= tol,
+    /// all in T. A NaN is equal to nothing; q and -q, the same rotation, are not equal.
+    static bool areEqualTol(const QuaternionT& a, const QuaternionT& b, T tol);
+    /// @}
+
+    /// @name Arithmetic, by component
+    /// @{
+    QuaternionT& operator+=(const QuaternionT& q);
+    QuaternionT operator+(const QuaternionT& q) const;
+    QuaternionT& operator-=(const QuaternionT& q);
+    QuaternionT operator-(const QuaternionT& q) const;
+    QuaternionT& operator*=(const T& s);
+    QuaternionT operator*(const T& s) const;
+    /// Divides each component by s. If |s| <= Ky::KY_SMALL_REAL<T>::epsilon, prints
+    /// "QuaternionT<T>::attempt to divide by zero." to standard output, without a line end, and
+    /// leaves the quaternion unchanged.
+    QuaternionT& operator/=(const T& s);
+    /// As operator/=, but returns the identity (1, 0, 0, 0) after the message.
+    QuaternionT operator/(const T& s) const;
+    T dot(const QuaternionT& q) const;  ///< w q.w + x q.x + y q.y + z q.z, left to right.
+    T norm() const;                     ///< The length, sqrt(w^2 + x^2 + y^2 + z^2).
+    /// @}
+
+    /// @name Composition
+    /// @{
+    QuaternionT& operator*=(const QuaternionT& q);  ///< this = this q: q is applied first.
+    QuaternionT operator*(const QuaternionT& q) const;
+    void invert();                          ///< Negates x, y, z: the conjugate. Lengths stay.
+    void setInverse(const QuaternionT& q);  ///< this = the conjugate of q
+    QuaternionT getInverse() const;         ///< The conjugate.
+    /// @}
+
+    /// @name Rotation of vectors
+    /// With u = (x, y, z): (w^2 - u.u) v + 2 (u.v) u + 2w (u x v). Not normalised first: the result
+    /// is scaled by the squared length of this quaternion.
+    /// @{
+    Vector3T<T> rotate(const Vector3T<T>& v) const;
+    Vector3T<T> operator*(const Vector3T<T>& v) const;  ///< rotate(v)
+    /// @}
+
+    /// To unit length. With n = w^2 + x^2 + y^2 + z^2: nothing changes when n is exactly 1; the
+    /// identity when n, the squared length, is at most Ky::KY_SMALL_REAL<T>::epsilon; otherwise
+    /// every component is multiplied by 1 / sqrt(n).
+    void normalize();
+
+    /// @name Axis and angle, in radians
+    /// @{
+
+    /// w = cos(angle / 2), (x, y, z) = sin(angle / 2) axis. The axis is taken as it is, not
+    /// normalised: use the constructor for an axis of any length.
+    void fromAxisAngle(T ax, T ay, T az, T angle);
+    void fromAxisAngle(const Vector3T<T>& axis, const T& angle);
+
+    /// With s = |(x, y, z)|: angle = 2 acos(w), in [0, 2 pi], axis = (x, y, z) / s. Angle 0 and
+    /// axis (0, 1, 0) when s <= Ky::KY_SMALL_REAL<T>::epsilon or w > 1; a NaN angle when w < -1.
+    /// No pointer may be null.
+    void toAxisAngle(T* ax, T* ay, T* az, T* angle) const;
+    void toAxisAngle(Vector3T<T>* axis, T* angle) const;
+    /// @}
+
+    /// @name Euler angles about the fixed axes x, then y, then z, in radians
+    /// @{
+
+    /// q = qz(rz) qy(ry) qx(rx): about x first, then y, then z.
+    void fromEulerXYZ(T rx, T ry, T rz);
+
+    /// The angles of fromEulerXYZ for a unit quaternion:
+    ///
+    ///     rz = atan2(2 (xy + wz), w^2 + x^2 - y^2 - z^2)
+    ///     rx = atan2(2 (yz + wx), w^2 - x^2 - y^2 + z^2)
+    ///     ry = asin(-2 (xz - wy))
+    ///
+    /// The argument of asin is not clamped: near a pitch of +-pi/2, rounding can carry it beyond 1,
+    /// and ry is then NaN. No pointer may be null.
+    void toEulerXYZ(T* rx, T* ry, T* rz) const;
+    void toEulerXYZ(Vector3T<T>* angles) const;  ///< x, y, z = rx, ry, rz
+    /// @}
+
+    /// Turns this orientation by the angular velocity omega (radians per unit of time, in the fixed
+    /// frame) over dt: this = r this, with r = (cos(a/2), sin(a/2) u), a = |omega| dt and
+    /// u = omega / (|omega| + 1e-14). A zero omega changes nothing. Not renormalised.
+    void finiteRotation(const Vector3T<T>& omega, T dt);
+
+    /// Spherical linear interpolation from this (t = 0) to q (t = 1) along the shorter arc:
+    ///
+    ///     (sin((1 - t) a) this + sin(t a) q) / sin(a),   cos(a) = |this . q|,
+    ///
+    /// q being negated if the dot product is negative. When 1 - cos(a) <= 1e-7, the linear blend
+    /// (1 - t) this + t q. Not normalised; t is not clamped and extrapolates outside [0, 1].
+    QuaternionT slerp(const QuaternionT& q, T t) const;
+
+    /// Sets *this to turn direction `from` into direction `to`, both taken as unit length:
+    ///
+    ///     w = sqrt((1 + d) / 2),  (x, y, z) = sqrt((1 - d) / 2) axis,  d = from . to,
+    ///
+    /// d being clamped to [-1, 1], axis = from x to normalised. When d is 1 or -1 by
+    /// Ky::KY_ARE_EQUAL, axis is from.getOrthogonal(), which is not of unit length: equal
+    /// directions give the identity, opposite ones a half turn that normalize() completes.
+    void fromRotation(const Vector3T<T>& from, const Vector3T<T>& to);
+
+private:
+    T v_[4];  // w, x, y, z
+};
+
+template <>
+const QuaternionT<float> QuaternionT<float>::kIdentity;
+template <>
+const QuaternionT<double> QuaternionT<double>::kIdentity;
+extern template class QuaternionT<float>;
+extern template class QuaternionT<double>;
+
+/// Not printable as it stands: through the conversion to a pointer it would print an address.
+template <class T>
+std::ostream& operator<<(std::ostream& os, const QuaternionT<T>& q) = delete;
+
+}  // namespace KyMath
+
+#endif

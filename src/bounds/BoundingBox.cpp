@@ -1,0 +1,260 @@
+// SPDX-FileCopyrightText: 2026 The KyMath authors
+// SPDX-License-Identifier: Apache-2.0
+#include <KyMath/BoundingBox.h>
+
+#include <KyMath/BoundingSphere.h>
+#include <KyMath/Matrix.h>
+#include <KyMath/Transformation.h>
+
+#include "internal/Arithmetic.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <type_traits>
+
+namespace KyMath {
+
+template <class T>
+BoundingBoxT<T>::BoundingBoxT() {
+    init();
+}
+template <class T>
+BoundingBoxT<T>::BoundingBoxT(T xMin, T yMin, T zMin, T xMax, T yMax, T zMax)
+    : min_(xMin, yMin, zMin), max_(xMax, yMax, zMax) {}
+template <class T>
+BoundingBoxT<T>::BoundingBoxT(const Vector3T<T>& min, const Vector3T<T>& max)
+    : min_(min), max_(max) {}
+
+template <class T>
+void BoundingBoxT<T>::init() {
+    constexpr T kLargest = std::numeric_limits<T>::max();
+    set(kLargest, kLargest, kLargest, -kLargest, -kLargest, -kLargest);
+}
+template <class T>
+void BoundingBoxT<T>::set(T xMin, T yMin, T zMin, T xMax, T yMax, T zMax) {
+    min_.set(xMin, yMin, zMin);
+    max_.set(xMax, yMax, zMax);
+}
+template <class T>
+void BoundingBoxT<T>::set(const Vector3T<T>& min, const Vector3T<T>& max) {
+    *this = BoundingBoxT(min, max);  // by way of a copy: min may be the present maximum
+}
+
+template <class T>
+Vector3T<T>& BoundingBoxT<T>::getMin() {
+    return min_;
+}
+template <class T>
+Vector3T<T>& BoundingBoxT<T>::getMax() {
+    return max_;
+}
+template <class T>
+const Vector3T<T>& BoundingBoxT<T>::getMin() const {
+    return min_;
+}
+template <class T>
+const Vector3T<T>& BoundingBoxT<T>::getMax() const {
+    return max_;
+}
+template <class T>
+T& BoundingBoxT<T>::xMin() {
+    return min_.x();
+}
+template <class T>
+T& BoundingBoxT<T>::yMin() {
+    return min_.y();
+}
+template <class T>
+T& BoundingBoxT<T>::zMin() {
+    return min_.z();
+}
+template <class T>
+T& BoundingBoxT<T>::xMax() {
+    return max_.x();
+}
+template <class T>
+T& BoundingBoxT<T>::yMax() {
+    return max_.y();
+}
+template <class T>
+T& BoundingBoxT<T>::zMax() {
+    return max_.z();
+}
+template <class T>
+T BoundingBoxT<T>::xMin() const {
+    return min_.x();
+}
+template <class T>
+T BoundingBoxT<T>::yMin() const {
+    return min_.y();
+}
+template <class T>
+T BoundingBoxT<T>::zMin() const {
+    return min_.z();
+}
+template <class T>
+T BoundingBoxT<T>::xMax() const {
+    return max_.x();
+}
+template <class T>
+T BoundingBoxT<T>::yMax() const {
+    return max_.y();
+}
+template <class T>
+T BoundingBoxT<T>::zMax() const {
+    return max_.z();
+}
+template <class T>
+Vector3T<T> BoundingBoxT<T>::corner(unsigned int i) const {
+    return Vector3T<T>((i & 1 ? max_ : min_)[0], (i & 2 ? max_ : min_)[1],
+                       (i & 4 ? max_ : min_)[2]);
+}
+
+template <class T>
+bool BoundingBoxT<T>::valid() const {
+    return max_[0] >= min_[0] && max_[1] >= min_[1] && max_[2] >= min_[2];
+}
+template <class T>
+Vector3T<T> BoundingBoxT<T>::center() const {
+    return (min_ + max_) * T(0.5);
+}
+template <class T>
+Vector3T<T> BoundingBoxT<T>::getBBSize() const {
+    return max_ - min_;
+}
+template <class T>
+T BoundingBoxT<T>::radius() const {
+    return T(std::sqrt(0.25 * double(getBBSize().normSquare())));
+}
+template <class T>
+T BoundingBoxT<T>::radius2() const {
+    return T(0.25) * getBBSize().normSquare();
+}
+
+namespace {
+
+/// Grows [min, max] to hold [low, high], which may be of the wider type W: compared there, narrowed
+/// when stored. A NaN changes nothing.
+template <class T, class W>
+inline void grow(T& min, T& max, W low, W high) {
+    if (W(min) > low) min = T(low);
+    if (high > W(max)) max = T(high);
+}
+
+}  // namespace
+
+template <class T>
+void BoundingBoxT<T>::expandBy(T x, T y, T z) {
+    const Vector3T<T> p(x, y, z);
+    for (int i = 0; i < 3; ++i) grow(min_[i], max_[i], p[i], p[i]);
+}
+// Deliberate: a sphere with a negative radius is merged like any other, and can move a corner.
+// Pinned by BoundingBoxTest.
+template <class T>
+void BoundingBoxT<T>::expandBy(const BoundingSphere& s) {
+    const Vector3T<double> c = s.center();
+    const double r = s.radius();
+    for (int i = 0; i < 3; ++i) grow(min_[i], max_[i], c[i] - r, c[i] + r);
+}
+template <class T>
+BoundingBoxT<T>& BoundingBoxT<T>::operator+=(const BoundingBoxT& b) {
+    for (int i = 0; i < 3; ++i) grow(min_[i], max_[i], b.min_[i], b.max_[i]);
+    return *this;
+}
+template <class T>
+BoundingBoxT<T> BoundingBoxT<T>::operator+(const BoundingBoxT& b) const {
+    return BoundingBoxT(*this) += b;
+}
+template <class T>
+BoundingBoxT<T>& BoundingBoxT<T>::operator+=(const BoundingSphere& s) {
+    expandBy(s);
+    return *this;
+}
+template <class T>
+BoundingBoxT<T> BoundingBoxT<T>::operator+(const BoundingSphere& s) const {
+    return BoundingBoxT(*this) += s;
+}
+
+template <class T>
+bool BoundingBoxT<T>::contains(const Vector3T<T>& p) const {
+    return isBetween(p[0], min_[0], max_[0]) && isBetween(p[1], min_[1], max_[1]) &&
+           isBetween(p[2], min_[2], max_[2]);
+}
+template <class T>
+bool BoundingBoxT<T>::intersects(const BoundingBoxT& b) const {
+    return intersect(b).valid();
+}
+template <class T>
+BoundingBoxT<T> BoundingBoxT<T>::intersect(const BoundingBoxT& b) const {
+    BoundingBoxT common;
+    for (int i = 0; i < 3; ++i) {
+        common.min_[i] = std::max(min_[i], b.min_[i]);
+        common.max_[i] = std::min(max_[i], b.max_[i]);
+    }
+    return common;
+}
+template <class T>
+bool BoundingBoxT<T>::intersect(const Vector3T<T>& origin, const Vector3T<T>& direction) const {
+    T near = -std::numeric_limits<T>::infinity();
+    T far = std::numeric_limits<T>::infinity();
+    for (int i = 0; i < 3; ++i) {
+        // The largest finite number in place of 1 / 0: an infinity would give NaN on the faces.
+        const T r = direction[i] == 0 ? std::numeric_limits<T>::max() : 1 / direction[i];
+        const T t1 = r * (min_[i] - origin[i]);
+        const T t2 = r * (max_[i] - origin[i]);
+        near = std::max(near, std::min(t1, t2));
+        far = std::min(far, std::max(t1, t2));
+    }
+    return far > near;
+}
+template <class T>
+bool BoundingBoxT<T>::isBetween(T value, T low, T high) {
+    return value >= low && high >= value;
+}
+
+namespace {
+
+/// Half the extent that a box of half-extents e has along an axis to which its own axes contribute
+/// by the weights x, y, z.
+template <class T>
+inline T halfExtent(T x, T y, T z, const Vector3T<T>& e) {
+    return std::abs(x) * e[0] + std::abs(y) * e[1] + std::abs(z) * e[2];
+}
+
+}  // namespace
+
+template <class T>
+void BoundingBoxT<T>::transform(const Matrix44T<T>& m) {
+    if (!valid()) return;
+    const Vector3T<T> e = (max_ - min_) * T(0.5);
+    const Vector3T<T> c = Transformation::transformPositionT(m, (max_ + min_) * T(0.5));
+    Vector3T<T> half;
+    for (int i = 0; i < 3; ++i) half[i] = halfExtent(m[0][i], m[1][i], m[2][i], e);
+    set(c - half, c + half);
+}
+
+// Deliberate: the transpose of m's own 3x3 block, not the inverse of a block with scale. Pinned by
+// BoundingBoxTest.
+template <class T>
+void BoundingBoxT<T>::inverseTransform(const Matrix44T<T>& m) {
+    if (!valid()) return;
+    const Vector3T<T> e = (max_ - min_) * T(0.5);
+    const Vector3T<T> c =
+        Transformation::transformPositionT(m.inverse_orthogonal(), (max_ + min_) * T(0.5));
+    Vector3T<T> half;
+    for (int i = 0; i < 3; ++i) half[i] = halfExtent(m[i][0], m[i][1], m[i][2], e);
+    set(c - half, c + half);
+}
+
+template <class T>
+constexpr bool kIsTwoCorners =
+    sizeof(BoundingBoxT<T>) == 6 * sizeof(T) &&
+    std::is_standard_layout<BoundingBoxT<T>>::value&& std::is_trivially_copyable<
+        BoundingBoxT<T>>::value;
+static_assert(kIsTwoCorners<float> && kIsTwoCorners<double>, "a box is its two corners");
+
+template class BoundingBoxT<float>;
+template class BoundingBoxT<double>;
+
+}  // namespace KyMath

@@ -1,0 +1,19 @@
+// SPDX-FileCopyrightText: 2026 The KyMath authors
+// SPDX-License-Identifier: Apache-2.0
+#ifndef KYMATH_INTERNAL_ARITHMETIC_H
+#define KYMATH_INTERNAL_ARITHMETIC_H
+
+// Every result is part of the interface, to the last bit. Flags that let the compiler round
+// differently would change results without a word: they stop the build instead.
+#if defined(__FAST_MATH__) || (defined(__FINITE_MATH_ONLY__) && __FINITE_MATH_ONLY__)
+#error "KyMath must be compiled without -ffast-math and -ffinite-math-only"
+#endif
+#if defined(__FLT_EVAL_METHOD__) && __FLT_EVAL_METHOD__ != 0
+#error "KyMath needs float and double evaluated in their own precision (x86-64 with SSE2)"
+#endif
+
+/// Constants are built before initialisers of ordinary priority, those of a client included that
+/// links the static archive. In the shared library they are ready before any client code anyway.
+#define KY_EARLY_CONSTANT __attribute__((init_priority(101)))
+
+#endif

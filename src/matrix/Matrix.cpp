@@ -1,0 +1,308 @@
+// SPDX-FileCopyrightText: 2026 The KyMath authors
+// SPDX-License-Identifier: Apache-2.0
+#include <KyMath/Matrix.h>
+
+#include "internal/Components.h"
+
+#include <stdexcept>
+#include <type_traits>
+
+namespace KyMath {
+
+template <>
+KY_EARLY_CONSTANT const Matrix44T<float> Matrix44T<float>::kZero(0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0,
+                                                                 0, 0, 0, 0);
+template <>
+KY_EARLY_CONSTANT const Matrix44T<float> Matrix44T<float>::kIdentity(1, 0, 0, 0, 0, 1, 0, 0, 0, 0,
+                                                                     1, 0, 0, 0, 0, 1);
+template <>
+KY_EARLY_CONSTANT const Matrix44T<double> Matrix44T<double>::kZero(0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0,
+                                                                   0, 0, 0, 0, 0);
+template <>
+KY_EARLY_CONSTANT const Matrix44T<double> Matrix44T<double>::kIdentity(1, 0, 0, 0, 0, 1, 0, 0, 0, 0,
+                                                                       1, 0, 0, 0, 0, 1);
+
+template <class T>
+Matrix44T<T>::Matrix44T() : v_{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1} {}
+
+template <class T>
+Matrix44T<T>::Matrix44T(T a0, T a1, T a2, T a3, T a4, T a5, T a6, T a7, T a8, T a9, T a10, T a11,
+                        T a12, T a13, T a14, T a15)
+    : v_{a0, a1, a2, a3, a4, a5, a6, a7, a8, a9, a10, a11, a12, a13, a14, a15} {}
+
+template <class T>
+Matrix44T<T>::Matrix44T(const T* p) {
+    internal::copy(v_, p);
+}
+
+template <class T>
+Matrix44T<T>::Matrix44T(const T (*p)[4]) {
+    for (int c = 0; c < 4; ++c) {
+        for (int r = 0; r < 4; ++r) v_[4 * c + r] = p[c][r];
+    }
+}
+
+template <class T>
+Matrix44T<T>::Matrix44T(const Vector4T<T>& c0, const Vector4T<T>& c1, const Vector4T<T>& c2,
+                        const Vector4T<T>& c3)
+    : v_{c0[0], c0[1], c0[2], c0[3], c1[0], c1[1], c1[2], c1[3],
+         c2[0], c2[1], c2[2], c2[3], c3[0], c3[1], c3[2], c3[3]} {}
+
+template <class T>
+Matrix44T<T>::Matrix44T(const double (*s)[3])
+    : v_{T(s[0][0]), T(s[0][1]), T(s[0][2]), 0, T(s[1][0]), T(s[1][1]), T(s[1][2]), 0,
+         T(s[2][0]), T(s[2][1]), T(s[2][2]), 0, 0,          0,          0,          1} {}
+
+template <class T>
+Matrix44T<T>::Matrix44T(const Matrix44T& m) {
+    internal::copy(v_, m.v_);
+}
+
+template <class T>
+Matrix44T<T>& Matrix44T<T>::operator=(const Matrix44T& m) {
+    internal::copy(v_, m.v_);
+    return *this;
+}
+
+template <class T>
+T& Matrix44T<T>::operator()(unsigned long r, unsigned long c) {
+    return v_[4 * c + r];
+}
+template <class T>
+T Matrix44T<T>::operator()(unsigned long r, unsigned long c) const {
+    return v_[4 * c + r];
+}
+
+KY_DEFINE_COLUMN_SUBSCRIPTS(template <class T>, Matrix44T<T>, T)
+
+template <class T>
+Vector4T<T> Matrix44T<T>::row(unsigned long r) const {
+    return Vector4T<T>(v_[r], v_[r + 4], v_[r + 8], v_[r + 12]);
+}
+template <class T>
+T* Matrix44T<T>::column(unsigned long c) {
+    return v_ + 4 * c;
+}
+template <class T>
+Vector4T<T> Matrix44T<T>::column(unsigned long c) const {
+    return Vector4T<T>(v_ + 4 * c);
+}
+template <class T>
+Matrix44T<T>::operator T*() {
+    return v_;
+}
+template <class T>
+Matrix44T<T>::operator const T*() const {
+    return v_;
+}
+
+namespace {
+
+Ky::KyReal4* columns(double (&v)[16]) {
+    return reinterpret_cast<Ky::KyReal4*>(v);
+}
+const Ky::KyReal4* columns(const double (&v)[16]) {
+    return reinterpret_cast<const Ky::KyReal4*>(v);
+}
+[[noreturn]] Ky::KyReal4* columns(float (&)[16]) {
+    throw std::invalid_argument(
+        "Matrix44T<float>::operator Ky::KyReal4*(): "
+        "Cannot return an array of double as a pointer to float");
+}
+// Deliberate: the message of the const conversion names double and swaps the types. The texts are
+// part of the interface. Pinned by MatrixTest.
+[[noreturn]] const Ky::KyReal4* columns(const float (&)[16]) {
+    throw std::invalid_argument(
+        "Matrix44T<double>::operator Ky::KyReal4*(): "
+        "Cannot return an array of float as a pointer to double");
+}
+
+}  // namespace
+
+template <class T>
+Matrix44T<T>::operator Ky::KyReal4*() {
+    return columns(v_);
+}
+template <class T>
+Matrix44T<T>::operator const Ky::KyReal4*() const {
+    return columns(v_);
+}
+
+template <class T>
+bool Matrix44T<T>::operator==(const Matrix44T& m) const {
+    return internal::equal(v_, m.v_);
+}
+template <class T>
+bool Matrix44T<T>::operator!=(const Matrix44T& m) const {
+    return !(*this == m);
+}
+template <class T>
+bool Matrix44T<T>::isEqual(const Matrix44T& m, T tol) const {
+    return internal::areEqualTol(v_, m.v_, double(tol));
+}
+template <class T>
+bool Matrix44T<T>::areEqualTol(const Matrix44T& a, const Matrix44T& b, double tol) {
+    return a.isEqual(b, T(tol));
+}
+template <class T>
+bool Matrix44T<T>::isFinite() const {
+    return internal::isFinite(v_);
+}
+
+template <class T>
+Matrix44T<T> Matrix44T<T>::multiply(const Matrix44T& a, const Matrix44T& b) {
+    Matrix44T m;
+    for (int c = 0; c < 4; ++c) {
+        const T* const s = b.v_ + 4 * c;
+        for (int r = 0; r < 4; ++r) {
+            m.v_[4 * c + r] =
+                a.v_[r] * s[0] + a.v_[4 + r] * s[1] + a.v_[8 + r] * s[2] + a.v_[12 + r] * s[3];
+        }
+    }
+    return m;
+}
+template <class T>
+Matrix44T<T> Matrix44T<T>::multiply(const Matrix44T& m, T s) {
+    return Matrix44T(m) *= s;
+}
+template <class T>
+Matrix44T<T> Matrix44T<T>::divide(const Matrix44T& m, T s) {
+    return Matrix44T(m) /= s;
+}
+template <class T>
+Vector4T<T> Matrix44T<T>::multiplyWithVector(const Matrix44T& m, const Vector4T<T>& v) {
+    T p[4];
+    for (int r = 0; r < 4; ++r) {
+        p[r] = m.v_[r] * v[0] + m.v_[4 + r] * v[1] + m.v_[8 + r] * v[2] + m.v_[12 + r] * v[3];
+    }
+    return Vector4T<T>(p);
+}
+template <class T>
+Matrix44T<T>& Matrix44T<T>::operator*=(T s) {
+    internal::scale(v_, s);
+    return *this;
+}
+template <class T>
+Matrix44T<T>& Matrix44T<T>::operator/=(T s) {
+    return *this *= 1 / s;
+}
+template <class T>
+Matrix44T<T>& Matrix44T<T>::transpose() {
+    const Matrix44T m(*this);
+    for (int c = 0; c < 4; ++c) {
+        for (int r = 0; r < 4; ++r) v_[4 * c + r] = m.v_[4 * r + c];
+    }
+    return *this;
+}
+
+template <class T>
+T Matrix44T<T>::determinant3x3(unsigned long r0, unsigned long r1, unsigned long r2,
+                               unsigned long c0, unsigned long c1, unsigned long c2) const {
+    const Matrix44T& m = *this;
+    return m(r0, c0) * m(r1, c1) * m(r2, c2) + m(r1, c0) * m(r2, c1) * m(r0, c2) +
+           m(r2, c0) * m(r0, c1) * m(r1, c2) - m(r0, c2) * m(r1, c1) * m(r2, c0) -
+           m(r2, c2) * m(r1, c0) * m(r0, c1) - m(r1, c2) * m(r0, c0) * m(r2, c1);
+}
+
+template <class T>
+T Matrix44T<T>::determinant() const {
+    const Matrix44T& m = *this;
+    return m(0, 0) * determinant3x3(1, 2, 3, 1, 2, 3) - m(0, 1) * determinant3x3(1, 2, 3, 0, 2, 3) +
+           m(0, 2) * determinant3x3(1, 2, 3, 0, 1, 3) - m(0, 3) * determinant3x3(1, 2, 3, 0, 1, 2);
+}
+
+namespace {
+
+/// What stands in for 1 / det when a matrix is taken to be singular, but for its sign.
+template <class T>
+struct SingularFactor;
+template <>
+struct SingularFactor<float> {
+    static constexpr float value = 100000.0f;
+};
+// Deliberate: the double nearest to 1 / 1e-5, one unit in the last place below 100000. Pinned by
+// MatrixTest.
+template <>
+struct SingularFactor<double> {
+    static constexpr double value = 99999.999999999985;
+};
+static_assert(SingularFactor<double>::value < 100000, "the comment above describes this value");
+
+template <class T>
+T clampedReciprocal(T det) {
+    constexpr T kFactor = SingularFactor<T>::value;
+    if (std::abs(det) <= std::numeric_limits<T>::epsilon()) return det >= 0 ? kFactor : -kFactor;
+    return 1 / det;
+}
+
+}  // namespace
+
+template <class T>
+Matrix44T<T> Matrix44T<T>::inverse() const {
+    // Element (r, c) of the adjugate is the signed minor without row c and column r of this matrix.
+    static constexpr unsigned long kOthers[4][3] = {{1, 2, 3}, {0, 2, 3}, {0, 1, 3}, {0, 1, 2}};
+    Matrix44T m;
+    for (int c = 0; c < 4; ++c) {
+        const unsigned long(&rows)[3] = kOthers[c];
+        for (int r = 0; r < 4; ++r) {
+            const unsigned long(&columns)[3] = kOthers[r];
+            const T minor = determinant3x3(rows[0], rows[1], rows[2],  //
+                                           columns[0], columns[1], columns[2]);
+            m.v_[4 * c + r] = (r + c) % 2 == 0 ? minor : -minor;
+        }
+    }
+    // Deliberate: along column 0, where determinant() goes along row 0; the two can differ in the
+    // last bits. Pinned by MatrixTest.
+    const T det = m.v_[0] * v_[0] + m.v_[4] * v_[1] + m.v_[8] * v_[2] + m.v_[12] * v_[3];
+    return m *= clampedReciprocal(det);
+}
+template <class T>
+Matrix44T<T>& Matrix44T<T>::invert() {
+    return *this = inverse();
+}
+
+template <class T>
+Matrix44T<T> Matrix44T<T>::inverse_orthogonal() const {
+    const Matrix44T& m = *this;
+    const T* const t = v_ + 12;
+    Matrix44T inv;
+    for (unsigned long i = 0; i < 3; ++i) {
+        for (unsigned long j = 0; j < 3; ++j) inv(i, j) = m(j, i);
+        inv(i, 3) = -(m(0, i) * t[0] + m(1, i) * t[1] + m(2, i) * t[2]);
+    }
+    return inv;
+}
+
+// Deliberate: the bottom row, where inverse_orthogonal() takes the translation, and the rows of R,
+// where it takes the columns. For an affine matrix the translation becomes (-)0. Pinned by
+// MatrixTest.
+template <class T>
+Matrix44T<T>& Matrix44T<T>::invert_orthogonal() {
+    const Matrix44T m(*this);
+    *this = Matrix44T();
+    for (unsigned long i = 0; i < 3; ++i) {
+        for (unsigned long j = 0; j < 3; ++j) (*this)(i, j) = m(j, i);
+        (*this)(i, 3) = -(m(i, 0) * m(3, 0) + m(i, 1) * m(3, 1) + m(i, 2) * m(3, 2));
+    }
+    return *this;
+}
+
+template <class T>
+Matrix44T<T> Matrix44T<T>::inverse_affine() const {
+    return inverse_orthogonal();
+}
+template <class T>
+Matrix44T<T>& Matrix44T<T>::invert_affine() {
+    return invert_orthogonal();
+}
+
+template <class T>
+constexpr bool kIsSixteenValues =
+    sizeof(Matrix44T<T>) == 16 * sizeof(T) && std::is_standard_layout<Matrix44T<T>>::value;
+static_assert(kIsSixteenValues<float> && kIsSixteenValues<double>,
+              "a matrix is its sixteen values");
+
+template class Matrix44T<float>;
+template class Matrix44T<double>;
+
+}  // namespace KyMath

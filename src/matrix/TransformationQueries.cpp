@@ -1,0 +1,244 @@
+// SPDX-FileCopyrightText: 2026 The KyMath authors
+// SPDX-License-Identifier: Apache-2.0
+#include <KyMath/Transformation.h>
+
+#include "internal/Libm.h"
+
+#include <cmath>
+
+namespace KyMath {
+namespace Transformation {
+
+template <class T>
+Vector3T<T> getTranslationT(const Matrix44T<T>& m) {
+    return Vector3T<T>(m(0, 3), m(1, 3), m(2, 3));
+}
+
+template <class T>
+void setTranslationT(Matrix44T<T>& m, const Vector3T<T>& t) {
+    m(0, 3) = t.x();
+    m(1, 3) = t.y();
+    m(2, 3) = t.z();
+}
+
+template <class T>
+Matrix44T<T> translateToT(const Matrix44T<T>& m, const Vector3T<T>& t) {
+    Matrix44T<T> r(m);
+    setTranslationT(r, t);
+    return r;
+}
+
+template <class T>
+Vector3T<T> getScaleT(const Matrix44T<T>& m) {
+    return Vector3T<T>(m.column(0).length(), m.column(1).length(), m.column(2).length());
+}
+
+namespace {
+
+/// Normalises columns 0, 1, 2 (four values each) and returns their former lengths. A zero column
+/// stays zero.
+template <class T>
+Vector3T<T> normalizeColumns(Matrix44T<T>& m) {
+    Vector3T<T> lengths;
+    for (int c = 0; c < 3; ++c) {
+        Vector4T<T> column(m[c]);
+        lengths[c] = column.length();
+        column.normalize();
+        for (int r = 0; r < 4; ++r) m[c][r] = column[r];
+    }
+    return lengths;
+}
+
+/// Multiplies columns 0, 1, 2 (four values each) by the factors.
+template <class T>
+void scaleColumns(Matrix44T<T>& m, const Vector3T<T>& factors) {
+    for (int c = 0; c < 3; ++c) {
+        for (int r = 0; r < 4; ++r) m[c][r] *= factors[c];
+    }
+}
+
+}  // namespace
+
+template <class T>
+Vector3T<T> getRotationT(const Matrix44T<T>& m, bool normalize) {
+    Matrix44T<T> n(m);
+    if (normalize) normalizeColumns(n);
+    const T y = internal::asin(n(0, 2));
+    const T x = internal::atan2(-n(1, 2), n(2, 2));
+    const T z = internal::atan2(-n(0, 1), n(0, 0));
+    return Vector3T<T>(x, y, z);
+}
+
+template <class T>
+QuaternionT<T> getRotationAsQuaternionT(const Matrix44T<T>& m, bool removeScale) {
+    Matrix44T<T> a(m);
+    if (removeScale) setScaleT(a, Vector3T<T>(1, 1, 1));
+
+    T squares = 0;
+    for (unsigned long r = 0; r < 3; ++r) {
+        for (unsigned long c = 0; c < 3; ++c) squares += a(r, c) * a(r, c);
+    }
+    const T k = std::sqrt(3 / squares);  // 1 for a rotation, 1 / s for one scaled by s
+
+    QuaternionT<T> q;
+    const T trace = a(0, 0) + a(1, 1) + a(2, 2);
+    if (trace > 0) {
+        const T r = std::sqrt(k * trace + 1);
+        const T f = k / (2 * r);
+        q[0] = r / 2;
+        q[1] = (a(2, 1) - a(1, 2)) * f;
+        q[2] = (a(0, 2) - a(2, 0)) * f;
+        q[3] = (a(1, 0) - a(0, 1)) * f;
+        return q;
+    }
+    unsigned long i = 0;
+    if (a(1, 1) > a(0, 0)) i = 1;
+    if (a(2, 2) > a(i, i)) i = 2;
+    const unsigned long j = (i + 1) % 3;
+    const unsigned long n = (i + 2) % 3;
+    const T r = std::sqrt((a(i, i) - a(j, j) - a(n, n)) * k + 1);
+    const T f = r != 0 ? k / (2 * r) : T(0);
+    q[i + 1] = r / 2;
+    q[0] = (a(n, j) - a(j, n)) * f;
+    q[j + 1] = (a(j, i) + a(i, j)) * f;
+    q[n + 1] = (a(n, i) + a(i, n)) * f;
+    return q;
+}
+
+template <class T>
+void decomposeT(const Matrix44T<T>& m, Vector3T<T>& scale, Vector3T<T>& rotation,
+                Vector3T<T>& translation, T& sign) {
+    // From pi/2 - 1e-7 on, the x and z angles turn about the same axis: z becomes 0.
+    constexpr double kGimbalLock = 1.5707962267948965;
+
+    Matrix44T<T> n(m);
+    sign = m.determinant() >= 0 ? T(1) : T(-1);
+    translation = getTranslationT(n);
+    scale = normalizeColumns(n);
+
+    const T y = internal::asin(n(0, 2));
+    if (double(std::abs(y)) < kGimbalLock) {
+        rotation.set(internal::atan2(-n(1, 2), n(2, 2)), y, internal::atan2(-n(0, 1), n(0, 0)));
+    } else {
+        const T k = y >= 0 ? T(-1) : T(1);
+        rotation.set(internal::atan2(n(2, 1), k * n(2, 0)), y, 0);
+    }
+}
+
+template <class T>
+Matrix44T<T> composeT(const Vector3T<T>& scale, const Vector3T<T>& rotation,
+                      const Vector3T<T>& translation, T sign) {
+    Matrix44T<T> m = createRotationT(rotation.x(), rotation.y(), rotation.z());
+    setTranslationT(m, translation);
+    scaleColumns(m, scale * sign);
+    return m;
+}
+
+template <class T>
+Matrix44T<T> rotateToT(const Matrix44T<T>& m, const Vector3T<T>& rotation) {
+    Vector3T<T> scale, former, translation;
+    T sign;
+    decomposeT(m, scale, former, translation, sign);
+    return composeT(scale, rotation, translation, sign);
+}
+
+template <class T>
+void setRotationT(Matrix44T<T>& m, const Vector3T<T>& rotation) {
+    m = rotateToT(m, rotation);
+}
+
+template <class T>
+void setScaleT(Matrix44T<T>& m, const Vector3T<T>& scale) {
+    const Vector3T<T> lengths = normalizeColumns(m);
+    if (lengths[0] != 0 && lengths[1] != 0 && lengths[2] != 0) {
+        scaleColumns(m, scale);
+        return;
+    }
+    Vector3T<T> former, rotation, translation;
+    T sign;
+    decomposeT(m, former, rotation, translation, sign);
+    m = composeT(scale, rotation, translation, sign);
+}
+
+template <class T>
+Matrix44T<T> scaleToT(const Matrix44T<T>& m, const Vector3T<T>& scale) {
+    Matrix44T<T> r(m);
+    setScaleT(r, scale);
+    return r;
+}
+
+template <class T>
+Vector3T<T> transformPositionT(const Matrix44T<T>& m, const Vector3T<T>& p) {
+    const Vector4T<T> h = Matrix44T<T>::multiplyWithVector(m, Vector4T<T>(p, 1));
+    return Vector3T<T>(h[0] / h[3], h[1] / h[3], h[2] / h[3]);
+}
+
+template <class T>
+Vector3T<T> transformDirectionT(const Matrix44T<T>& m, const Vector3T<T>& d) {
+    return Matrix44T<T>::multiplyWithVector(m, Vector4T<T>(d, 0)).xyz();
+}
+
+template <class T>
+Vector3T<T> linearVelocityT(const Matrix44T<T>& m0, const Matrix44T<T>& m1, T dt) {
+    return (getTranslationT(m1) - getTranslationT(m0)) / dt;
+}
+
+template <class T>
+Vector3T<T> angularVelocityT(const Matrix44T<T>& m0, const Matrix44T<T>& m1, T dt) {
+    const QuaternionT<T> q = getRotationAsQuaternionT(m0, true);
+    const QuaternionT<T> d = getRotationAsQuaternionT(m1, true) - q;
+    // Each sum starts from 0, so that none of them is -0.
+    const T x = 0 - q.x() * d.w() + q.w() * d.x() - q.z() * d.y() + q.y() * d.z();
+    const T y = 0 - q.y() * d.w() + q.z() * d.x() + q.w() * d.y() - q.x() * d.z();
+    const T z = 0 - q.z() * d.w() - q.y() * d.x() + q.x() * d.y() + q.w() * d.z();
+    return Vector3T<T>(2 * x, 2 * y, 2 * z) / dt;
+}
+
+template <class T>
+bool isRotation(const Matrix44T<T>& m, T tol) {
+    // Each test fails on a strict excess: a NaN passes them all.
+    for (unsigned long c = 0; c < 3; ++c) {
+        if (std::abs(1 - m.column(c).length()) > tol) return false;
+    }
+    if (std::abs(1 - m.determinant()) > tol) return false;
+
+    const T c00 = m(1, 1) * m(2, 2) - m(1, 2) * m(2, 1);
+    const T c10 = m(1, 2) * m(2, 0) - m(1, 0) * m(2, 2);
+    const T c20 = m(1, 0) * m(2, 1) - m(1, 1) * m(2, 0);
+    const T det = m(0, 0) * c00 + m(0, 1) * c10 + m(0, 2) * c20;
+    if (det == 0) return false;
+
+    // Deliberate: three elements of the inverse are held against the transpose, not all nine.
+    const T k = 1 / det;
+    const T i01 = (m(0, 2) * m(2, 1) - m(0, 1) * m(2, 2)) * k;
+    const T i02 = (m(0, 1) * m(1, 2) - m(0, 2) * m(1, 1)) * k;
+    const T i12 = (m(0, 2) * m(1, 0) - m(0, 0) * m(1, 2)) * k;
+    return !(std::abs(i01 - m(1, 0)) > tol || std::abs(i02 - m(2, 0)) > tol ||
+             std::abs(i12 - m(2, 1)) > tol);
+}
+
+#define KY_INSTANTIATE(T)                                                                          \
+    template Vector3T<T> getTranslationT(const Matrix44T<T>&);                                     \
+    template void setTranslationT(Matrix44T<T>&, const Vector3T<T>&);                              \
+    template Matrix44T<T> translateToT(const Matrix44T<T>&, const Vector3T<T>&);                   \
+    template Vector3T<T> getScaleT(const Matrix44T<T>&);                                           \
+    template Vector3T<T> getRotationT(const Matrix44T<T>&, bool);                                  \
+    template QuaternionT<T> getRotationAsQuaternionT(const Matrix44T<T>&, bool);                   \
+    template void decomposeT(const Matrix44T<T>&, Vector3T<T>&, Vector3T<T>&, Vector3T<T>&, T&);   \
+    template Matrix44T<T> composeT(const Vector3T<T>&, const Vector3T<T>&, const Vector3T<T>&, T); \
+    template Matrix44T<T> rotateToT(const Matrix44T<T>&, const Vector3T<T>&);                      \
+    template void setRotationT(Matrix44T<T>&, const Vector3T<T>&);                                 \
+    template void setScaleT(Matrix44T<T>&, const Vector3T<T>&);                                    \
+    template Matrix44T<T> scaleToT(const Matrix44T<T>&, const Vector3T<T>&);                       \
+    template Vector3T<T> transformPositionT(const Matrix44T<T>&, const Vector3T<T>&);              \
+    template Vector3T<T> transformDirectionT(const Matrix44T<T>&, const Vector3T<T>&);             \
+    template Vector3T<T> linearVelocityT(const Matrix44T<T>&, const Matrix44T<T>&, T);             \
+    template Vector3T<T> angularVelocityT(const Matrix44T<T>&, const Matrix44T<T>&, T);            \
+    template bool isRotation(const Matrix44T<T>&, T);
+
+KY_INSTANTIATE(float)
+KY_INSTANTIATE(double)
+#undef KY_INSTANTIATE
+
+}  // namespace Transformation
+}  // namespace KyMath

@@ -1,0 +1,214 @@
+// SPDX-FileCopyrightText: 2026 The KyMath authors
+// SPDX-License-Identifier: Apache-2.0
+#include <KyMath/Vector4.h>
+
+#include "internal/Components.h"
+
+#include <type_traits>
+
+namespace KyMath {
+
+template <class T>
+Vector4T<T>::Vector4T() : v_{0, 0, 0, 0} {}
+
+template <class T>
+Vector4T<T>::Vector4T(const Vector4T& v) {
+    internal::copy(v_, v.v_);
+}
+
+template <class T>
+Vector4T<T>::Vector4T(const T* p) : v_{p[0], p[1], p[2], p[3]} {}
+
+template <class T>
+Vector4T<T>::Vector4T(const std::array<T, 4>& a) : v_{a[0], a[1], a[2], a[3]} {}
+
+template <class T>
+Vector4T<T>::Vector4T(T x, T y, T z, T w) : v_{x, y, z, w} {}
+
+template <class T>
+Vector4T<T>::Vector4T(const Vector3T<T>& v, T w) : v_{v.x(), v.y(), v.z(), w} {}
+
+template <class T>
+Vector4T<T>& Vector4T<T>::operator=(const Vector4T& v) {
+    internal::copy(v_, v.v_);
+    return *this;
+}
+template <class T>
+Vector4T<T>& Vector4T<T>::operator=(const T* p) {
+    internal::copy(v_, p);
+    return *this;
+}
+template <class T>
+void Vector4T<T>::set(T x, T y, T z, T w) {
+    v_[0] = x;
+    v_[1] = y;
+    v_[2] = z;
+    v_[3] = w;
+}
+template <class T>
+void Vector4T<T>::set(const Vector4T& v) {
+    *this = v;
+}
+
+template <class T>
+T Vector4T<T>::x() const {
+    return v_[0];
+}
+template <class T>
+T Vector4T<T>::y() const {
+    return v_[1];
+}
+template <class T>
+T Vector4T<T>::z() const {
+    return v_[2];
+}
+template <class T>
+T Vector4T<T>::w() const {
+    return v_[3];
+}
+template <class T>
+T& Vector4T<T>::x() {
+    return v_[0];
+}
+template <class T>
+T& Vector4T<T>::y() {
+    return v_[1];
+}
+template <class T>
+T& Vector4T<T>::z() {
+    return v_[2];
+}
+template <class T>
+T& Vector4T<T>::w() {
+    return v_[3];
+}
+
+KY_DEFINE_SUBSCRIPTS(Vector4T)
+
+template <class T>
+Vector4T<T>::operator T*() {
+    return v_;
+}
+template <class T>
+Vector4T<T>::operator const T*() const {
+    return v_;
+}
+template <class T>
+Vector3T<T> Vector4T<T>::xyz() const {
+    return Vector3T<T>(v_);
+}
+
+template <class T>
+bool Vector4T<T>::operator==(const Vector4T& v) const {
+    return internal::equal(v_, v.v_);
+}
+template <class T>
+bool Vector4T<T>::operator!=(const Vector4T& v) const {
+    return !(*this == v);
+}
+template <class T>
+bool Vector4T<T>::operator<(const Vector4T& v) const {
+    return normSquare() < v.normSquare();
+}
+template <class T>
+bool Vector4T<T>::operator>(const Vector4T& v) const {
+    return normSquare() > v.normSquare();
+}
+template <class T>
+bool Vector4T<T>::areEqualTol(const Vector4T& a, const Vector4T& b, double tol) {
+    return internal::areEqualTol(a.v_, b.v_, tol);
+}
+template <class T>
+bool Vector4T<T>::isZero() const {
+    return internal::isZero(v_);
+}
+template <class T>
+bool Vector4T<T>::isFinite() const {
+    return internal::isFinite(v_);
+}
+
+template <class T>
+Vector4T<T>& Vector4T<T>::operator*=(T s) {
+    internal::scale(v_, s);
+    return *this;
+}
+template <class T>
+Vector4T<T> Vector4T<T>::operator*(const T& s) const {
+    return Vector4T(*this) *= s;
+}
+template <class T>
+Vector4T<T>& Vector4T<T>::operator/=(T s) {
+    return *this *= 1 / s;
+}
+template <class T>
+Vector4T<T> Vector4T<T>::operator/(const T& s) const {
+    return Vector4T(*this) /= s;
+}
+template <class T>
+Vector4T<T>& Vector4T<T>::operator+=(const Vector4T& v) {
+    internal::add(v_, v.v_);
+    return *this;
+}
+template <class T>
+Vector4T<T> Vector4T<T>::operator+(const Vector4T& v) const {
+    return Vector4T(*this) += v;
+}
+template <class T>
+Vector4T<T>& Vector4T<T>::operator-=(const Vector4T& v) {
+    internal::subtract(v_, v.v_);
+    return *this;
+}
+template <class T>
+Vector4T<T> Vector4T<T>::operator-(const Vector4T& v) const {
+    return Vector4T(*this) -= v;
+}
+template <class T>
+Vector4T<T> Vector4T<T>::operator-() const {
+    Vector4T r(*this);
+    internal::negate(r.v_);
+    return r;
+}
+
+template <class T>
+T Vector4T<T>::operator*(const Vector4T& v) const {
+    return internal::dot(v_, v.v_);
+}
+template <class T>
+T Vector4T<T>::dot(const Vector4T& v) const {
+    return internal::dot(v_, v.v_);
+}
+template <class T>
+T Vector4T<T>::normSquare() const {
+    return internal::dot(v_, v_);
+}
+template <class T>
+T Vector4T<T>::lengthSqr() const {
+    return normSquare();
+}
+template <class T>
+T Vector4T<T>::norm() const {
+    return std::sqrt(normSquare());
+}
+template <class T>
+T Vector4T<T>::length() const {
+    return norm();
+}
+
+template <class T>
+void Vector4T<T>::normalize() {
+    internal::normalize(v_);
+}
+template <class T>
+bool Vector4T<T>::normalize(T tol, T* length) {
+    return internal::normalize(v_, tol, length);
+}
+
+template <class T>
+constexpr bool kIsFourValues =
+    sizeof(Vector4T<T>) == 4 * sizeof(T) && std::is_standard_layout<Vector4T<T>>::value;
+static_assert(kIsFourValues<float> && kIsFourValues<double>, "a vector is its four values");
+
+template class Vector4T<float>;
+template class Vector4T<double>;
+
+}  // namespace KyMath

@@ -1,0 +1,256 @@
+// SPDX-FileCopyrightText: 2026 The KyMath authors
+// SPDX-License-Identifier: Apache-2.0
+#ifndef KYMATH_TESTS_SUPPORT_H
+#define KYMATH_TESTS_SUPPORT_H
+
+#include <KyMath/KyMath.h>
+
+#include <cmath>
+#include <cstdint>
+#include <cstring>
+#include <limits>
+#include <random>
+#include <sstream>
+#include <string>
+#include <type_traits>
+#include <utility>
+
+#include <gtest/gtest.h>
+
+namespace KyMath {
+namespace test {
+
+using Scalars = ::testing::Types<float, double>;
+
+template <class T>
+constexpr T kNaN = std::numeric_limits<T>::quiet_NaN();
+template <class T>
+constexpr T kInf = std::numeric_limits<T>::infinity();
+template <class T>
+constexpr T kMax = std::numeric_limits<T>::max();
+template <class T>
+constexpr T kEps = std::numeric_limits<T>::epsilon();
+
+/// One representable step from x towards +infinity, or -infinity.
+template <class T>
+T above(T x) {
+    return std::nextafter(x, kInf<T>);
+}
+template <class T>
+T below(T x) {
+    return std::nextafter(x, -kInf<T>);
+}
+
+/// A value that the compiler must take from memory: keeps libm calls with literal arguments from
+/// being folded at compile time, which may round differently.
+template <class T>
+T runtime(T x) {
+    volatile T v = x;
+    return v;
+}
+
+/// Sine and cosine by the one call that the library makes for the pair.
+inline void sinCos(float angle, float& sine, float& cosine) {
+    ::sincosf(runtime(angle), &sine, &cosine);
+}
+inline void sinCos(double angle, double& sine, double& cosine) {
+    ::sincos(runtime(angle), &sine, &cosine);
+}
+
+/// The scalar type of a vector, quaternion or matrix.
+template <template <class> class V, class T>
+T scalarOf(const V<T>&);
+template <class V>
+using ScalarOf = decltype(scalarOf(std::declval<V>()));
+
+template <class V>
+constexpr int kCount = static_cast<int>(sizeof(V) / sizeof(ScalarOf<V>));
+
+/// The vector, quaternion or matrix whose value i, in memory order, is value(i).
+template <class V, class F>
+V each(F value) {
+    V v;
+    ScalarOf<V>* const p = v;
+    for (int i = 0; i < kCount<V>; ++i) p[i] = value(i);
+    return v;
+}
+
+/// Whether V refuses both construction and assignment from each of the types Others.
+template <class V, class... Others>
+constexpr bool kRefuses =
+    !((std::is_constructible<V, Others>::value || std::is_assignable<V&, Others>::value) || ...);
+
+/// Whether `std::ostream << V` compiles.
+template <class V, class = void>
+struct IsStreamable : std::false_type {};
+template <class V>
+struct IsStreamable<V, decltype(void(std::declval<std::ostream&>() << std::declval<V>()))>
+    : std::true_type {};
+
+/// Equality to the last bit: 0 is not -0. All NaNs are alike, since their signs and payloads are
+/// not part of any result.
+template <class T>
+bool sameBits(T a, T b) {
+    if (std::isnan(a) || std::isnan(b)) return std::isnan(a) && std::isnan(b);
+    return std::memcmp(&a, &b, sizeof a) == 0;
+}
+
+inline ::testing::AssertionResult sameScalar(const char* ea, const char* eb, float a, float b) {
+    if (sameBits(a, b)) return ::testing::AssertionSuccess();
+    std::ostringstream s;
+    s << std::hexfloat << a << " is not " << b;
+    return ::testing::AssertionFailure() << ea << " against " << eb << ": " << s.str();
+}
+inline ::testing::AssertionResult sameScalar(const char* ea, const char* eb, double a, double b) {
+    if (sameBits(a, b)) return ::testing::AssertionSuccess();
+    std::ostringstream s;
+    s.precision(17);
+    s << a << " is not " << b << std::hexfloat << " (" << a << ", " << b << ")";
+    return ::testing::AssertionFailure() << ea << " against " << eb << ": " << s.str();
+}
+
+template <class V>
+::testing::AssertionResult sameValues(const char* ea, const char* eb, const V& a, const V& b) {
+    using T = typename std::decay<decltype(a[0])>::type;
+    constexpr int kCount = static_cast<int>(sizeof(V) / sizeof(T));
+    const T* const p = a;
+    const T* const q = b;
+    for (int i = 0; i < kCount; ++i) {
+        if (sameBits(p[i], q[i])) continue;
+        const std::string at = "[" + std::to_string(i) + "]";
+        return sameScalar((ea + at).c_str(), (eb + at).c_str(), p[i], q[i]);
+    }
+    return ::testing::AssertionSuccess();
+}
+
+template <class T>
+::testing::AssertionResult sameAny(const char* ea, const char* eb, const Vector3T<T>& a,
+                                   const Vector3T<T>& b) {
+    return sameValues(ea, eb, a, b);
+}
+template <class T>
+::testing::AssertionResult sameAny(const char* ea, const char* eb, const Vector4T<T>& a,
+                                   const Vector4T<T>& b) {
+    return sameValues(ea, eb, a, b);
+}
+template <class T>
+::testing::AssertionResult sameAny(const char* ea, const char* eb, const QuaternionT<T>& a,
+                                   const QuaternionT<T>& b) {
+    return sameValues(ea, eb, a, b);
+}
+template <class T>
+::testing::AssertionResult sameAny(const char* ea, const char* eb, const Matrix44T<T>& a,
+                                   const Matrix44T<T>& b) {
+    const T* const p = a;
+    const T* const q = b;
+    for (int i = 0; i < 16; ++i) {
+        if (sameBits(p[i], q[i])) continue;
+        const std::string at = "[" + std::to_string(i) + "]";
+        return sameScalar((ea + at).c_str(), (eb + at).c_str(), p[i], q[i]);
+    }
+    return ::testing::AssertionSuccess();
+}
+template <class T>
+::testing::AssertionResult sameAny(const char* ea, const char* eb, const BoundingBoxT<T>& a,
+                                   const BoundingBoxT<T>& b) {
+    const auto min = sameValues(ea, eb, a.getMin(), b.getMin());
+    return min ? sameValues(ea, eb, a.getMax(), b.getMax()) : min;
+}
+inline ::testing::AssertionResult sameAny(const char* ea, const char* eb, float a, float b) {
+    return sameScalar(ea, eb, a, b);
+}
+inline ::testing::AssertionResult sameAny(const char* ea, const char* eb, double a, double b) {
+    return sameScalar(ea, eb, a, b);
+}
+
+struct SameBits {
+    template <class A, class B>
+    ::testing::AssertionResult operator()(const char* ea, const char* eb, const A& a,
+                                          const B& b) const {
+        return sameAny(ea, eb, a, b);
+    }
+};
+
+/// Expects two scalars, vectors, quaternions, matrices or boxes of one type to agree to the last
+/// bit.
+#define EXPECT_BITS(expected, actual) \
+    EXPECT_PRED_FORMAT2(::KyMath::test::SameBits(), expected, actual)
+
+/// Expects op(v) to turn v into expected and to return it by reference.
+template <class V, class F>
+void expectInPlace(const V& expected, V v, F op) {
+    EXPECT_EQ(&v, &op(v));
+    EXPECT_BITS(expected, v);
+}
+
+/// A fixed stream of scalars that leans towards what breaks code: about a quarter are zeros of both
+/// signs, ones, subnormals, huge, infinite or NaN.
+template <class T>
+class Corpus {
+public:
+    explicit Corpus(std::uint32_t seed) : bits_(seed) {}
+
+    /// Uniform in [-10, 10): exactly representable for both types and the same for each.
+    T plain() {
+        return static_cast<T>(static_cast<std::int32_t>(bits_() >> 8) - (1 << 23)) *
+               static_cast<T>(10.0 / (1 << 23));
+    }
+
+    T any() {
+        static const T kSpecial[] = {T(0),    -T(0),
+                                     T(1),    T(-1),
+                                     kMax<T>, -kMax<T>,
+                                     kInf<T>, -kInf<T>,
+                                     kNaN<T>, std::numeric_limits<T>::denorm_min(),
+                                     kEps<T>, std::numeric_limits<T>::min()};
+        const auto r = static_cast<std::uint32_t>(bits_());
+        if (r % 4 == 0) return kSpecial[(r / 4) % 12];
+        return plain();
+    }
+
+    Vector3T<T> vector() {
+        const T x = plain(), y = plain(), z = plain();
+        return Vector3T<T>(x, y, z);
+    }
+    Vector4T<T> vector4() {
+        const T x = plain(), y = plain(), z = plain(), w = plain();
+        return Vector4T<T>(x, y, z, w);
+    }
+    Vector3T<T> anyVector() {
+        const T x = any(), y = any(), z = any();
+        return Vector3T<T>(x, y, z);
+    }
+    /// A valid box.
+    BoundingBoxT<T> box() {
+        BoundingBoxT<T> b(vector(), Vector3T<T>());
+        b.getMax() = b.getMin();
+        const Vector3T<T> p = vector();
+        for (int i = 0; i < 3; ++i) (p[i] < b.getMin()[i] ? b.getMin() : b.getMax())[i] = p[i];
+        return b;
+    }
+    QuaternionT<T> unitQuaternion() {
+        const T w = plain(), x = plain(), y = plain(), z = plain();
+        QuaternionT<T> q(w, x, y, z);
+        q.normalize();
+        return q;
+    }
+    Matrix44T<T> matrix() {
+        Matrix44T<T> m;
+        for (int i = 0; i < 16; ++i) static_cast<T*>(m)[i] = plain();
+        return m;
+    }
+
+    /// A vector, quaternion or matrix of any() values.
+    template <class V>
+    V anyOf() {
+        return each<V>([this](int) { return any(); });
+    }
+
+private:
+    std::mt19937 bits_;
+};
+
+}  // namespace test
+}  // namespace KyMath
+
+#endif

@@ -1,0 +1,487 @@
+// SPDX-FileCopyrightText: 2026 The KyMath authors
+// SPDX-License-Identifier: Apache-2.0
+//
+// Names every public member and free function with its exact signature, from outside the library:
+// one that is lost, has another type or is not exported does not compile or does not link. This
+// object file defines nothing of the library, all of it comes from there.
+#include <Ky/Ky.h>
+#include <KyMath/KyMath.h>
+
+#include <array>
+#include <cstdio>
+#include <vector>
+
+namespace {
+
+using namespace KyMath;
+
+int linked = 0;
+const void* volatile sink = nullptr;
+
+// Each pointer goes through a volatile, so that no compiler leaves it out. Macros and not
+// templates, whose instances would carry the library's types in their names.
+
+#define LINK(...)                                  \
+    do {                                           \
+        const volatile auto pointer = __VA_ARGS__; \
+        if (pointer != nullptr) ++linked;          \
+    } while (false)
+
+// (result, class, name, (arguments) const), and for static members and free functions
+// (result, class or namespace, name, (arguments)).
+#define MEMBER(R, C, name, ...) LINK(static_cast<R(C::*) __VA_ARGS__>(&C::name))
+#define STATIC(R, C, name, ...) LINK(static_cast<R(*) __VA_ARGS__>(&C::name))
+
+// (class, {arguments})
+#define CONSTRUCT(C, ...)     \
+    do {                      \
+        C object __VA_ARGS__; \
+        sink = &object;       \
+        ++linked;             \
+    } while (false)
+
+#define CONSTANT(variable) \
+    do {                   \
+        sink = &variable;  \
+        ++linked;          \
+    } while (false)
+
+// Members that several types share.
+
+#define INDEXING(C, R, CR)                                \
+    do {                                                  \
+        MEMBER(R, C, operator[], (int));                  \
+        MEMBER(R, C, operator[], (unsigned int));         \
+        MEMBER(R, C, operator[], (long));                 \
+        MEMBER(R, C, operator[], (unsigned long));        \
+        MEMBER(CR, C, operator[], (int) const);           \
+        MEMBER(CR, C, operator[], (unsigned int) const);  \
+        MEMBER(CR, C, operator[], (long) const);          \
+        MEMBER(CR, C, operator[], (unsigned long) const); \
+    } while (false)
+
+#define POINTERS(C, T)                                    \
+    do {                                                  \
+        MEMBER(T*, C, operator T*, ());                   \
+        MEMBER(const T*, C, operator const T*, () const); \
+    } while (false)
+
+#define EQUALITY(C)                                    \
+    do {                                               \
+        MEMBER(bool, C, operator==, (const C&) const); \
+        MEMBER(bool, C, operator!=, (const C&) const); \
+    } while (false)
+
+#define SUMS(C)                                    \
+    do {                                           \
+        MEMBER(C&, C, operator+=, (const C&));     \
+        MEMBER(C, C, operator+, (const C&) const); \
+        MEMBER(C&, C, operator-=, (const C&));     \
+        MEMBER(C, C, operator-, (const C&) const); \
+    } while (false)
+
+// What the vectors of three and of four share.
+#define VECTOR(C, T)                                                \
+    do {                                                            \
+        INDEXING(C, T&, const T&);                                  \
+        POINTERS(C, T);                                             \
+        EQUALITY(C);                                                \
+        MEMBER(bool, C, operator<, (const C&) const);               \
+        MEMBER(bool, C, operator>, (const C&) const);               \
+        STATIC(bool, C, areEqualTol, (const C&, const C&, double)); \
+        MEMBER(bool, C, isZero, () const);                          \
+        MEMBER(bool, C, isFinite, () const);                        \
+        SUMS(C);                                                    \
+        MEMBER(C&, C, operator*=, (T));                             \
+        MEMBER(C, C, operator*, (const T&) const);                  \
+        MEMBER(C&, C, operator/=, (T));                             \
+        MEMBER(C, C, operator/, (const T&) const);                  \
+        MEMBER(C, C, operator-, () const);                          \
+        MEMBER(T, C, operator*, (const C&) const);                  \
+        MEMBER(T, C, normSquare, () const);                         \
+        MEMBER(T, C, lengthSqr, () const);                          \
+        MEMBER(T, C, norm, () const);                               \
+        MEMBER(T, C, length, () const);                             \
+        MEMBER(void, C, normalize, ());                             \
+        MEMBER(bool, C, normalize, (T, T*));                        \
+    } while (false)
+
+#define COMPONENT(C, T, name)         \
+    do {                              \
+        MEMBER(T, C, name, () const); \
+        MEMBER(T&, C, name, ());      \
+    } while (false)
+
+template <class T>
+void linkVector3() {
+    using V = Vector3T<T>;
+    const T values[3] = {1, 2, 3};
+    CONSTANT(V::kZero);
+    CONSTRUCT(V, {});
+    CONSTRUCT(V, {values});
+    CONSTRUCT(V, {T(1), T(2), T(3)});
+    MEMBER(void, V, set, (T, T, T));
+    STATIC(void, V, set, (double*, const V&));
+    COMPONENT(V, T, x);
+    COMPONENT(V, T, y);
+    COMPONENT(V, T, z);
+    STATIC(V*, V, cast, (T*));
+    STATIC(const V*, V, constCast, (const T*));
+    VECTOR(V, T);
+    MEMBER(void, V, multComp, (const V&));
+    STATIC(V, V, multComp, (const V&, const V&));
+    MEMBER(void, V, addMultiple, (const T&, const V&));
+    MEMBER(void, V, setLinear, (const T&, const V&, const T&, const V&));
+    MEMBER(V, V, cross, (const V&) const);
+    MEMBER(void, V, postCross, (const V&));
+    MEMBER(void, V, preCross, (const V&));
+    MEMBER(void, V, setCross, (const V&, const V&));
+    STATIC(T, V, distanceSqr, (const V&, const V&));
+    STATIC(T, V, distance, (const V&, const V&));
+    MEMBER(int, V, maxComponentIndex, () const);
+    MEMBER(bool, V, makeCleanBase, (T));
+    MEMBER(void, V, setOrthogonal, (const V&));
+    MEMBER(V, V, getOrthogonal, () const);
+    MEMBER(void, V, orthogonalize, (const V&));
+    MEMBER(void, V, project, (const V&, V*, V*) const);
+    MEMBER(void, V, planeSpace, (V&, V&) const);
+    STATIC(bool, V, planeNormal, (const V&, const V&, const V&, V&));
+    MEMBER(void, V, print, (const char*) const);
+}
+
+template <class T>
+void linkVector4() {
+    using V = Vector4T<T>;
+    const std::array<T, 4> values = {{1, 2, 3, 4}};
+    const V other(values);
+    const Vector3T<T> xyz(1, 2, 3);
+    CONSTRUCT(V, {});
+    CONSTRUCT(V, {other});
+    CONSTRUCT(V, {values.data()});
+    CONSTRUCT(V, {values});
+    CONSTRUCT(V, {T(1), T(2), T(3), T(4)});
+    CONSTRUCT(V, {xyz, T(4)});
+    MEMBER(V&, V, operator=, (const V&));
+    MEMBER(V&, V, operator=, (const T*));
+    MEMBER(void, V, set, (T, T, T, T));
+    MEMBER(void, V, set, (const V&));
+    COMPONENT(V, T, x);
+    COMPONENT(V, T, y);
+    COMPONENT(V, T, z);
+    COMPONENT(V, T, w);
+    MEMBER(Vector3T<T>, V, xyz, () const);
+    VECTOR(V, T);
+    MEMBER(T, V, dot, (const V&) const);
+}
+
+void linkVector6() {
+    const double values[3] = {1, 2, 3};
+    CONSTRUCT(Vector6, {1, 2, 3, 4, 5, 6});
+    CONSTRUCT(Vector6, {values, values});
+    MEMBER(Vector6&, Vector6, operator=, (const Vector6&));
+    MEMBER(void, Vector6, set, (const Vector3d&, const Vector3d&));
+    MEMBER(double&, Vector6, operator[], (int));
+    MEMBER(const double&, Vector6, operator[], (int) const);
+    MEMBER(void, Vector6, add, (const Vector6&));
+    MEMBER(void, Vector6, sub, (const Vector6&));
+    MEMBER(void, Vector6, scale, (double));
+    MEMBER(double, Vector6, dot, (const Vector6&) const);
+    MEMBER(double, Vector6, norm, () const);
+    STATIC(std::ostream&, KyMath, operator<<, (std::ostream&, const Vector6&));
+}
+
+template <class T>
+void linkMatrix() {
+    using M = Matrix44T<T>;
+    const T columns[4][4] = {{1}, {0, 1}, {0, 0, 1}, {0, 0, 0, 1}};
+    const double block[3][3] = {{1}, {0, 1}, {0, 0, 1}};
+    const Vector4T<T> c(1, 2, 3, 4);
+    const T n = 1;
+    const M other(columns);
+    CONSTANT(M::kZero);
+    CONSTANT(M::kIdentity);
+    CONSTRUCT(M, {});
+    CONSTRUCT(M, {n, n, n, n, n, n, n, n, n, n, n, n, n, n, n, n});
+    CONSTRUCT(M, {columns[0]});
+    CONSTRUCT(M, {columns});
+    CONSTRUCT(M, {c, c, c, c});
+    CONSTRUCT(M, {block});
+    CONSTRUCT(M, {other});
+    MEMBER(M&, M, operator=, (const M&));
+    MEMBER(T&, M, operator(), (unsigned long, unsigned long));
+    MEMBER(T, M, operator(), (unsigned long, unsigned long) const);
+    INDEXING(M, T*, const T*);
+    MEMBER(Vector4T<T>, M, row, (unsigned long) const);
+    MEMBER(T*, M, column, (unsigned long));
+    MEMBER(Vector4T<T>, M, column, (unsigned long) const);
+    POINTERS(M, T);
+    POINTERS(M, Ky::KyReal4);
+    EQUALITY(M);
+    MEMBER(bool, M, isEqual, (const M&, T) const);
+    STATIC(bool, M, areEqualTol, (const M&, const M&, double));
+    MEMBER(bool, M, isFinite, () const);
+    STATIC(M, M, multiply, (const M&, const M&));
+    STATIC(M, M, multiply, (const M&, T));
+    STATIC(M, M, divide, (const M&, T));
+    STATIC(Vector4T<T>, M, multiplyWithVector, (const M&, const Vector4T<T>&));
+    MEMBER(M&, M, operator*=, (T));
+    MEMBER(M&, M, operator/=, (T));
+    MEMBER(M&, M, transpose, ());
+    MEMBER(T, M, determinant3x3,
+           (unsigned long, unsigned long, unsigned long, unsigned long, unsigned long,
+            unsigned long) const);
+    MEMBER(T, M, determinant, () const);
+    MEMBER(M, M, inverse, () const);
+    MEMBER(M&, M, invert, ());
+    MEMBER(M, M, inverse_orthogonal, () const);
+    MEMBER(M&, M, invert_orthogonal, ());
+    MEMBER(M, M, inverse_affine, () const);
+    MEMBER(M&, M, invert_affine, ());
+}
+
+template <class T>
+void linkTransformation() {
+    using M = Matrix44T<T>;
+    using V = Vector3T<T>;
+    using Q = QuaternionT<T>;
+    STATIC(M, Transformation, createScaleT<T>, (T, T, T));
+    STATIC(M, Transformation, createScaleT<T>, (const V&));
+    STATIC(M, Transformation, createTranslationT<T>, (T, T, T));
+    STATIC(M, Transformation, createTranslationT<T>, (const V&));
+    STATIC(M, Transformation, createRotationT<T>, (T, T, T));
+    STATIC(M, Transformation, createRotationT<T>, (const Q&));
+    STATIC(M, Transformation, createRotationT<T>, (const V&, T));
+    STATIC(M, Transformation, createRotationFromAxesT<T>, (const V&, const V&, const V&));
+    STATIC(M, Transformation, createRotationFromOuterProductT<T>, (const V&, const V&));
+    STATIC(M, Transformation, createObjectLookAtT<T>, (const V&, const V&, const V&));
+    STATIC(M, Transformation, createCameraLookAtT<T>, (const V&, const V&, const V&));
+    STATIC(M, Transformation, createOrthographicT<T>, (T, T, T, T, T, T));
+    STATIC(bool, Transformation, getOrthographicT<T>, (const M&, T&, T&, T&, T&, T&, T&));
+    STATIC(M, Transformation, createFrustumT<T>, (T, T, T, T, T, T));
+    STATIC(bool, Transformation, getFrustumT<T>, (const M&, T&, T&, T&, T&, T&, T&));
+    STATIC(M, Transformation, createPerspectiveT<T>, (T, T, T, T));
+    STATIC(bool, Transformation, isPerspectiveProjectionT<T>, (const M&));
+    STATIC(V, Transformation, getTranslationT<T>, (const M&));
+    STATIC(V, Transformation, getScaleT<T>, (const M&));
+    STATIC(V, Transformation, getRotationT<T>, (const M&, bool));
+    STATIC(Q, Transformation, getRotationAsQuaternionT<T>, (const M&, bool));
+    STATIC(void, Transformation, decomposeT<T>, (const M&, V&, V&, V&, T&));
+    STATIC(M, Transformation, composeT<T>, (const V&, const V&, const V&, T));
+    STATIC(void, Transformation, setTranslationT<T>, (M&, const V&));
+    STATIC(M, Transformation, translateToT<T>, (const M&, const V&));
+    STATIC(void, Transformation, setRotationT<T>, (M&, const V&));
+    STATIC(M, Transformation, rotateToT<T>, (const M&, const V&));
+    STATIC(void, Transformation, setScaleT<T>, (M&, const V&));
+    STATIC(M, Transformation, scaleToT<T>, (const M&, const V&));
+    STATIC(V, Transformation, transformPositionT<T>, (const M&, const V&));
+    STATIC(V, Transformation, transformDirectionT<T>, (const M&, const V&));
+    STATIC(V, Transformation, linearVelocityT<T>, (const M&, const M&, T));
+    STATIC(V, Transformation, angularVelocityT<T>, (const M&, const M&, T));
+    STATIC(bool, Transformation, isRotation<T>, (const M&, T));
+}
+
+template <class T>
+void linkQuaternion() {
+    using Q = QuaternionT<T>;
+    using V = Vector3T<T>;
+    const T values[4] = {1, 2, 3, 4};
+    const V axis(1, 2, 3);
+    CONSTANT(Q::kIdentity);
+    CONSTRUCT(Q, {});
+    CONSTRUCT(Q, {T(1), T(2), T(3), T(4)});
+    CONSTRUCT(Q, {values});
+    CONSTRUCT(Q, {axis, values[0]});
+    MEMBER(Q&, Q, operator=, (const Q&));
+    MEMBER(Q&, Q, operator=, (const T*));
+    MEMBER(void, Q, set, (T, T, T, T));
+    MEMBER(void, Q, get, (T*, T*, T*, T*) const);
+    MEMBER(void, Q, get, (T*) const);
+    MEMBER(void, Q, get, (Q&) const);
+    MEMBER(T, Q, w, () const);
+    MEMBER(T, Q, x, () const);
+    MEMBER(T, Q, y, () const);
+    MEMBER(T, Q, z, () const);
+    INDEXING(Q, T&, const T&);
+    POINTERS(Q, T);
+    EQUALITY(Q);
+    STATIC(bool, Q, areEqualTol, (const Q&, const Q&, T));
+    SUMS(Q);
+    MEMBER(Q&, Q, operator*=, (const T&));
+    MEMBER(Q, Q, operator*, (const T&) const);
+    MEMBER(Q&, Q, operator/=, (const T&));
+    MEMBER(Q, Q, operator/, (const T&) const);
+    MEMBER(T, Q, dot, (const Q&) const);
+    MEMBER(T, Q, norm, () const);
+    MEMBER(Q&, Q, operator*=, (const Q&));
+    MEMBER(Q, Q, operator*, (const Q&) const);
+    MEMBER(void, Q, invert, ());
+    MEMBER(void, Q, setInverse, (const Q&));
+    MEMBER(Q, Q, getInverse, () const);
+    MEMBER(V, Q, rotate, (const V&) const);
+    MEMBER(V, Q, operator*, (const V&) const);
+    MEMBER(void, Q, normalize, ());
+    MEMBER(void, Q, fromAxisAngle, (T, T, T, T));
+    MEMBER(void, Q, fromAxisAngle, (const V&, const T&));
+    MEMBER(void, Q, toAxisAngle, (T*, T*, T*, T*) const);
+    MEMBER(void, Q, toAxisAngle, (V*, T*) const);
+    MEMBER(void, Q, fromEulerXYZ, (T, T, T));
+    MEMBER(void, Q, toEulerXYZ, (T*, T*, T*) const);
+    MEMBER(void, Q, toEulerXYZ, (V*) const);
+    MEMBER(void, Q, finiteRotation, (const V&, T));
+    MEMBER(Q, Q, slerp, (const Q&, T) const);
+    MEMBER(void, Q, fromRotation, (const V&, const V&));
+}
+
+template <class T>
+void linkBoundingBox() {
+    using B = BoundingBoxT<T>;
+    using V = Vector3T<T>;
+    using M = Matrix44T<T>;
+    const V corner(1, 2, 3);
+    CONSTRUCT(B, {});
+    CONSTRUCT(B, {T(1), T(2), T(3), T(4), T(5), T(6)});
+    CONSTRUCT(B, {corner, corner});
+    MEMBER(void, B, init, ());
+    MEMBER(void, B, set, (T, T, T, T, T, T));
+    MEMBER(void, B, set, (const V&, const V&));
+    COMPONENT(B, T, xMin);
+    COMPONENT(B, T, yMin);
+    COMPONENT(B, T, zMin);
+    COMPONENT(B, T, xMax);
+    COMPONENT(B, T, yMax);
+    COMPONENT(B, T, zMax);
+    MEMBER(V&, B, getMin, ());
+    MEMBER(V&, B, getMax, ());
+    MEMBER(const V&, B, getMin, () const);
+    MEMBER(const V&, B, getMax, () const);
+    MEMBER(V, B, corner, (unsigned int) const);
+    MEMBER(bool, B, valid, () const);
+    MEMBER(V, B, center, () const);
+    MEMBER(V, B, getBBSize, () const);
+    MEMBER(T, B, radius, () const);
+    MEMBER(T, B, radius2, () const);
+    MEMBER(void, B, expandBy, (T, T, T));
+    MEMBER(void, B, expandBy, (const BoundingSphere&));
+    MEMBER(B&, B, operator+=, (const B&));
+    MEMBER(B, B, operator+, (const B&) const);
+    MEMBER(B&, B, operator+=, (const BoundingSphere&));
+    MEMBER(B, B, operator+, (const BoundingSphere&) const);
+    MEMBER(bool, B, contains, (const V&) const);
+    MEMBER(bool, B, intersects, (const B&) const);
+    MEMBER(B, B, intersect, (const B&) const);
+    MEMBER(bool, B, intersect, (const V&, const V&) const);
+    STATIC(bool, B, isBetween, (T, T, T));
+    MEMBER(void, B, transform, (const M&));
+    MEMBER(void, B, inverseTransform, (const M&));
+}
+
+template <class T>
+void linkPlane() {
+    using P = PlaneT<T>;
+    using V = Vector3T<T>;
+    using V4 = Vector4T<T>;
+    using M = Matrix44T<T>;
+    const P other;
+    const V v(1, 2, 3);
+    const V4 coefficients(1, 2, 3, 4);
+    CONSTRUCT(P, {});
+    CONSTRUCT(P, {other});
+    CONSTRUCT(P, {T(1), T(2), T(3), T(4)});
+    CONSTRUCT(P, {coefficients});
+    CONSTRUCT(P, {v, v});
+    CONSTRUCT(P, {v, v, v});
+    MEMBER(P&, P, operator=, (const P&));
+    MEMBER(void, P, set, (T, T, T, T));
+    MEMBER(void, P, set, (const V4&));
+    MEMBER(const V4&, P, getAsVector4, () const);
+    MEMBER(V, P, getNormal, () const);
+    MEMBER(unsigned int, P, upperBBCorner, () const);
+    MEMBER(unsigned int, P, lowerBBCorner, () const);
+    EQUALITY(P);
+    MEMBER(T, P, distance, (const V&) const);
+    MEMBER(int, P, intersect, (const BoundingBoxT<T>&) const);
+    MEMBER(int, P, intersectBoundingSphere, (const V&, T) const);
+    MEMBER(void, P, makeUnitLength, ());
+    MEMBER(unsigned int, P, calculateUpperLowerBBCorners, ());
+    MEMBER(void, P, transform, (const M&));
+    MEMBER(void, P, transformProvidingInverse, (const M&));
+}
+
+void linkBoundingSphere() {
+    using S = BoundingSphere;
+    const Vector3d c(1, 2, 3);
+    CONSTRUCT(S, {});
+    CONSTRUCT(S, {c, 4});
+    MEMBER(void, S, init, ());
+    MEMBER(void, S, set, (const Vector3d&, double));
+    MEMBER(const Vector3d&, S, center, () const);
+    MEMBER(Vector3d&, S, center, ());
+    COMPONENT(S, double, radius);
+    MEMBER(bool, S, valid, () const);
+    MEMBER(void, S, expandBy, (const Vector3d&));
+    MEMBER(void, S, expandBy, (const S&));
+    MEMBER(void, S, expandBy, (const BoundingBoxd&));
+    MEMBER(void, S, expandRadiusBy, (const Vector3d&));
+    MEMBER(void, S, expandRadiusBy, (const S&));
+    MEMBER(void, S, expandRadiusBy, (const BoundingBoxd&));
+}
+
+void linkPolytope() {
+    using P = Polytope;
+    const P none;
+    CONSTRUCT(P, {});  // and the destructor
+    CONSTRUCT(P, {none.getPlanes()});
+    CONSTRUCT(P, {none});
+    MEMBER(P&, P, operator=, (const P&));
+    MEMBER(void, P, set, (const std::vector<Planed>&));
+    MEMBER(void, P, add, (const Planed&));
+    MEMBER(void, P, clear, ());
+    MEMBER(void, P, setToBoundingBox, (const BoundingBoxd&));
+    MEMBER(const std::vector<Planed>&, P, getPlanes, () const);
+    MEMBER(void, P, setupMask, ());
+    MEMBER(void, P, pushCurrentMask, ());
+    MEMBER(void, P, popCurrentMask, ());
+    MEMBER(unsigned int, P, getCurrentMask, () const);
+    MEMBER(const std::vector<unsigned int>&, P, getMaskStack, () const);
+    MEMBER(bool, P, contains, (const BoundingBoxd&));
+    MEMBER(void, P, transformProvidingInverse, (const Matrix44d&));
+    MEMBER(void, P, transform, (const Matrix44d&));
+}
+
+void linkFrustum() {
+    using F = Frustum;
+    const F other;
+    CONSTRUCT(F, {});
+    CONSTRUCT(F, {other});
+    MEMBER(F&, F, operator=, (const F&));
+    MEMBER(void, F, setToWorldSpaceFrustum, (const Matrix44f&, const Matrix44f&));
+    MEMBER(const Planef&, F, getPlane, (unsigned int) const);
+    STATIC(void, , getWorldSpaceSegment, (const Matrix44f&, const Vector3f&, Vector3f&, Vector3f&));
+}
+
+template <class T>
+void linkTemplates() {
+    CONSTANT(Ky::KY_SMALL_REAL<T>::epsilon);
+    linkVector3<T>();
+    linkVector4<T>();
+    linkMatrix<T>();
+    linkTransformation<T>();
+    linkQuaternion<T>();
+    linkBoundingBox<T>();
+    linkPlane<T>();
+}
+
+}  // namespace
+
+int main() {
+    linkTemplates<float>();
+    linkTemplates<double>();
+    STATIC(bool, Ky, KY_ARE_EQUAL<double>, (double, double));
+    STATIC(bool, Ky, KyComputeAngle, (const Vector3d&, const Vector3d&, double&));
+    linkVector6();
+    linkBoundingSphere();
+    linkPolytope();
+    linkFrustum();
+    std::printf("%d members linked\n", linked);
+    return 0;
+}
