@@ -1,0 +1,383 @@
+// SPDX-FileCopyrightText: 2026 The KyMath authors
+// SPDX-License-Identifier: Apache-2.0
+
+// Culls a real landscape, and the huts and trees on it, against a camera, and draws the outcome:
+//
+//   1. the scene: boxes in world space, many placed by a transformation, in a tree of boxes;
+//   2. the camera: view and projection matrices, and from them the planes around what it sees;
+//   3. culling down the tree, where a box is tested only against planes that its parent straddles,
+//      and box by box, which must see the same;
+//   4. the same planes in float, as a renderer holds them, against those in double;
+//   5. the picture from above: green is wholly in view, amber in part, grey not at all.
+//
+// World coordinates are metres: x east, y north, z up. The exit status is 1 if a check of 3 or 4
+// fails, and 2, after one line that says why, if the program cannot do what it is asked.
+
+#include "HeightField.h"
+#include "Map.h"
+
+#include <KyMath/KyMath.h>
+
+#include <CLI/CLI.hpp>
+
+#include <array>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <iostream>
+#include <iterator>
+#include <random>
+#include <utility>
+
+using namespace KyMath;
+
+namespace {
+
+// 1. The scene ---------------------------------------------------------------------------------
+
+struct Item {
+    BoundingBoxd box;
+    bool isTile;  // of the ground; otherwise a hut or a tree
+};
+
+// A box that holds all that is below it: up to four nodes, or one tile with what stands on it,
+// which are the scene's items from begin to end.
+struct Node {
+    BoundingBoxd box;
+    std::vector<Node> children;
+    std::size_t begin, end;
+};
+
+struct Scene {
+    HeightField ground;
+    double objects;                            // huts and trees to place, about
+    std::vector<Item> items = {};              // in the order of the tree
+    std::mt19937 random = std::mt19937(2026);  // gives the same numbers on every system
+
+    double uniform(double a, double b) {
+        return a + (b - a) * double(random()) / 4294967295.0;
+    }
+};
+
+// From the model's own space to the world: scaled, turned about z, set on the ground. The world box
+// may be larger than the turned object needs, never smaller.
+BoundingBoxd placeObject(Scene& scene, double x, double y) {
+    const double size = scene.uniform(0.7, 1.5), turn = scene.uniform(-3.1, 3.1);
+    const Vector3d foot(x, y, scene.ground.heightAt(x, y));
+    BoundingBoxd box(-6, -4, 0, 6, 4, 5);                         // a hut
+    if (scene.uniform(0, 1) < 0.6) box.set(-3, -3, 0, 3, 3, 14);  // a tree
+    box.transform(
+        Transformation::composeT(Vector3d(size, size, size), Vector3d(0, 0, turn), foot, 1.0));
+    return box;
+}
+
+// The node for cells [c0, c1) by [r0, r1) of the ground. That its box holds all the boxes below is
+// all that culling relies on.
+Node buildTree(Scene& scene, std::size_t c0, std::size_t c1, std::size_t r0, std::size_t r1) {
+    const auto middle = [](std::size_t a, std::size_t b, std::size_t tile) {
+        return std::min(b, a + (b - a + 2 * tile - 1) / (2 * tile) * tile);
+    };
+    const std::size_t c[] = {c0, middle(c0, c1, 9), c1}, r[] = {r0, middle(r0, r1, 7), r1};
+    Node node = {BoundingBoxd(), {}, scene.items.size(), 0};
+    if (c[1] == c1 && r[1] == r1) {  // a tile of at most 9 by 7 cells; on one in six, a hamlet
+        const BoundingBoxd tile = scene.ground.box(c0, c1, r0, r1);
+        scene.items.push_back({tile, true});
+        const double share = double((c1 - c0) * (r1 - r0)) / double(scene.ground.heights.size());
+        const double count = scene.uniform(0, 6) < 1 ? 6 * share * scene.objects : 0;
+        for (int i = 0; i < count; ++i) {
+            const Vector3d a{scene.uniform(0, 0.5), scene.uniform(0, 0.5), 0};
+            const Vector3d b{scene.uniform(0, 0.5), scene.uniform(0, 0.5), 0};
+            const Vector3d p = tile.getMin() + Vector3d::multComp(a + b, tile.getBBSize());
+            scene.items.push_back({placeObject(scene, p.x(), p.y()), false});
+        }
+        for (auto i = node.begin; i < scene.items.size(); ++i) node.box += scene.items[i].box;
+    } else {
+        for (const auto& [i, j] : {std::pair(0, 0), {1, 0}, {0, 1}, {1, 1}}) {
+            if (c[i] == c[i + 1] || r[j] == r[j + 1]) continue;  // a single row or column of tiles
+            node.children.push_back(buildTree(scene, c[i], c[i + 1], r[j], r[j + 1]));
+            node.box += node.children.back().box;
+        }
+    }
+    node.end = scene.items.size();
+    return node;
+}
+
+// 2. The camera --------------------------------------------------------------------------------
+
+struct Camera {
+    Vector3d eye;
+    Matrix44d view, projection, clip;  // world to camera, camera to clip space, and both
+    std::vector<Planed> planes;        // of the view volume, in world space, facing inwards
+};
+
+// A point is in view when its clip coordinates hold -w <= x <= w, -w <= y <= w and 0 <= z <= w.
+// These are linear in the point, with sums of rows of the matrix as coefficients. Depth is
+// reversed: z <= w is the side near the camera. The planes are in the order of Frustum::ePlane.
+Camera makeCamera(const Vector3d& eye, const Vector3d& target, const Matrix44d& projection) {
+    const Matrix44d toWorld = Transformation::createCameraLookAtT(eye, target, Vector3d(0, 0, 1));
+    const Matrix44d view = toWorld.inverse_orthogonal();  // the look-at is rigid
+    Camera camera = {eye, view, projection, Matrix44d::multiply(projection, view), {}};
+    const Vector4d x = camera.clip.row(0), y = camera.clip.row(1);
+    const Vector4d z = camera.clip.row(2), w = camera.clip.row(3);
+    for (const Vector4d& coefficients : {w + x, w - x, w + y, w - y, w - z, z}) {
+        camera.planes.push_back(Planed(coefficients));
+        camera.planes.back().makeUnitLength();  // to have distances in metres
+        if (!camera.planes.back().getAsVector4().isFinite()) {
+            throw std::runtime_error("the eye and the target of the camera coincide");
+        }
+    }
+    return camera;
+}
+
+// 3. Culling -----------------------------------------------------------------------------------
+
+struct Cull {
+    const std::vector<Item>& items;
+    Polytope volume;
+    // What is in view: an item, and the mask of the planes that it straddles, 0 if wholly in view.
+    std::vector<std::pair<std::size_t, unsigned>> seen = {};
+    bool counting = false;
+    std::size_t nodes = 0, untested = 0, evaluations = 0;
+
+    // A box outside takes all below it along. Below any other box only the planes that it straddles
+    // matter: push says so, pop takes it back. Below a mask of 0 contains() accepts without a test.
+    void testNode(const Node& node) {
+        nodes += counting;
+        if (!contains(node.box)) return;
+        volume.pushCurrentMask();
+        for (const Node& child : node.children) testNode(child);
+        if (node.children.empty()) testItems(node.begin, node.end);
+        volume.popCurrentMask();
+    }
+
+    void testItems(std::size_t begin, std::size_t end) {
+        for (std::size_t i = begin; i < end; ++i) {
+            if (contains(items[i].box)) seen.emplace_back(i, volume.getCurrentMask());
+        }
+    }
+
+    bool contains(const BoundingBoxd& box) {
+        if (counting) count(box);
+        return volume.contains(box);
+    }
+
+    // One evaluation is one plane tested against one box. contains() tests the planes in the mask
+    // on top of the stack, up to the first that has the box outside.
+    void count(const BoundingBoxd& box) {
+        const unsigned mask = volume.getMaskStack().back();
+        untested += mask == 0;
+        for (unsigned i = 0; i < volume.getPlanes().size(); ++i) {
+            if ((mask >> i & 1u) == 0) continue;
+            ++evaluations;
+            if (volume.getPlanes()[i].intersect(box) < 0) break;
+        }
+    }
+};
+
+// Runs a cull once to count its work, which lets the mask stack and the result grow, then several
+// times to time it: nothing is allocated any more. Returns the median in microseconds.
+template <class Run>
+double measure(Cull& cull, Run run) {
+    std::array<double, 31> times;
+    cull.counting = true;
+    run();
+    cull.counting = false;
+    for (double& time : times) {
+        cull.seen.clear();
+        const auto start = std::chrono::steady_clock::now();
+        run();
+        const auto taken = std::chrono::steady_clock::now() - start;
+        time = std::chrono::duration<double, std::micro>(taken).count();
+    }
+    std::nth_element(times.begin(), times.begin() + 15, times.end());
+    return times[15];
+}
+
+// 4. Float against double ----------------------------------------------------------------------
+
+Vector3f toFloat(const Vector3d& v) {
+    return {float(v.x()), float(v.y()), float(v.z())};
+}
+Vector3d toDouble(const Vector3f& v) {
+    return {double(v.x()), double(v.y()), double(v.z())};
+}
+Matrix44f toFloat(const Matrix44d& m) {
+    Matrix44f result;
+    for (int i = 0; i < 16; ++i) result[i / 4][i % 4] = float(m[i / 4][i % 4]);
+    return result;
+}
+
+// In float a plane may judge a box differently only where rounding decides: when a corner of the
+// box is within a few units in the last place, of the largest distances involved, from the plane.
+bool frustumAgrees(const Camera& camera, const Scene& scene, const BoundingBoxd& world) {
+    Frustum frustum;
+    frustum.setToWorldSpaceFrustum(toFloat(camera.view), toFloat(camera.projection));
+    double reach = camera.eye.norm() + world.getMax().norm();
+    reach += std::abs(camera.planes.back().getAsVector4().w());  // of the far side
+    const double allowed = 16 * double(std::numeric_limits<float>::epsilon()) * reach;
+    double furthest = 0;
+    std::size_t differ = 0;
+    for (const Item& item : scene.items) {
+        const BoundingBoxd& box = item.box;
+        const BoundingBoxf narrowed(toFloat(box.getMin()), toFloat(box.getMax()));
+        for (unsigned i = 0; i < camera.planes.size(); ++i) {
+            const Planed& plane = camera.planes[i];
+            if (plane.intersect(box) == frustum.getPlane(i).intersect(narrowed)) continue;
+            const double low = plane.distance(box.corner(plane.lowerBBCorner()));
+            const double high = plane.distance(box.corner(plane.upperBBCorner()));
+            furthest = std::max(furthest, std::min(std::abs(low), std::abs(high)));
+            ++differ;
+        }
+    }
+    std::printf(
+        "  in float: %zu of %zu verdicts differ, at most %.3f m (allowed: %.3f m) off the plane\n",
+        differ, 6 * scene.items.size(), furthest, allowed);
+    return furthest <= allowed;
+}
+
+// 5. The picture -------------------------------------------------------------------------------
+
+const Vector3d kGreen(0.24, 0.56, 0.36), kAmber(0.90, 0.58, 0.12), kGrey(0.62, 0.63, 0.66),
+    kInk(0.10, 0.14, 0.25), kWhite(1, 1, 1);
+
+// The outcome for each node where it is final: wholly inside, wholly outside, or a tile.
+void drawTree(Map& map, const Node& node, const Camera& camera) {
+    int side = 1;  // -1 if outside any plane, 1 if inside all of them
+    for (const Planed& plane : camera.planes) side = std::min(side, plane.intersect(node.box));
+    if (side == 0 && !node.children.empty()) {
+        for (const Node& child : node.children) drawTree(map, child, camera);
+        return;
+    }
+    const Vector3d& colour = side < 0 ? kGrey : side > 0 ? kGreen : kAmber;
+    Vector3d p[5];  // around the box, seen from above
+    for (unsigned i = 0; i < 5; ++i) p[i] = map.toPixel(node.box.corner(i % 4 ^ i % 4 / 2));
+    map.paint(p[0], p[2], 0,
+              [&](const Vector3d&) { return Vector4d(colour, side < 0 ? 0.3 : 0.4); });
+    for (int i = 0; i < 4; ++i) map.stroke(p[i], p[i + 1], 0.6, colour * 0.7, 0.5);
+}
+
+void drawObjects(Map& map, const Cull& cull) {
+    std::vector<Vector3d> colours(cull.items.size(), kGrey);
+    for (const auto& [item, mask] : cull.seen) colours[item] = mask == 0 ? kGreen : kAmber;
+    for (std::size_t i = 0; i < colours.size(); ++i) {
+        const Vector3d p = map.toPixel(cull.items[i].box.center());
+        if (!cull.items[i].isTile) map.stroke(p, p, 2.2, colours[i] * 0.6, 1);
+    }
+}
+
+// The eye, a line around what it sees of the mean level, and its rays to the corners of that.
+void drawCamera(Map& map, const Camera& camera) {
+    const auto line = [&](const Vector3d& pixel) {
+        double inside = 1e9;  // pixels to the nearest of the lines where the planes cut the level
+        for (const Planed& plane : camera.planes) {
+            const double slope = std::hypot(plane.getNormal().x(), plane.getNormal().y()) + 1e-9;
+            inside = std::min(inside, plane.distance(map.toWorld(pixel)) / slope * map.scale);
+        }
+        return Vector4d(kInk, std::clamp(1.5 - std::abs(inside), 0.0, 1.0));
+    };
+    map.paint(map.toPixel(map.world.getMin()), map.toPixel(map.world.getMax()), 0, line);
+    const Vector3d eye = map.toPixel(camera.eye);
+    const Matrix44f toWorld = toFloat(camera.clip.inverse());
+    for (const Vector3f& corner : {Vector3f(-1, -1, 0), {1, -1, 0}, {1, 1, 0}, {-1, 1, 0}}) {
+        Vector3f from, to;  // at device depths 1 and 0: depth is reversed, so the near end first
+        getWorldSpaceSegment(toWorld, corner, from, to);
+        const float t = (float(map.world.center().z()) - from.z()) / (to.z() - from.z());
+        if (!(t > 0 && t < 1)) continue;  // it misses the level
+        map.stroke(eye, map.toPixel(toDouble(from + (to - from) * t)), 1, kInk, 0.6);
+    }
+    map.stroke(eye, eye, 15, kInk, 1);
+    map.stroke(eye, eye, 9, kWhite, 1);
+}
+
+// The program ----------------------------------------------------------------------------------
+
+// Culls for one camera and draws the outcome. Returns false, without a picture, if a check fails.
+bool show(const Scene& scene, const Node& root, Map map, const Camera& camera,
+          const std::string& output) {
+    Cull tree = {scene.items, Polytope(camera.planes)}, list = tree;
+    const double treeTime = measure(tree, [&] { tree.testNode(root); });
+    const double listTime = measure(list, [&] { list.testItems(0, scene.items.size()); });
+    const double ratio = double(list.evaluations) / double(tree.evaluations);
+    std::printf("%s\n  in view: %zu of %zu tiles, huts and trees\n", output.c_str(),
+                tree.seen.size(), scene.items.size());
+    std::printf("  tree: %zu nodes visited, %zu boxes accepted without a test\n", tree.nodes,
+                tree.untested);
+    std::printf("  plane evaluations: %zu by tree, %zu one by one, ratio %.1f\n", tree.evaluations,
+                list.evaluations, ratio);
+    std::printf("  median time: %.1f us by tree, %.1f us one by one\n", treeTime, listTime);
+    std::vector<std::pair<std::size_t, unsigned>> differ;
+    std::set_symmetric_difference(tree.seen.begin(), tree.seen.end(), list.seen.begin(),
+                                  list.seen.end(), std::back_inserter(differ));
+    for (const auto& seen : differ) std::printf("  tree and list differ: box %zu\n", seen.first);
+    if (!frustumAgrees(camera, scene, root.box) || !differ.empty()) return false;
+
+    drawTree(map, root, camera);
+    drawObjects(map, tree);
+    drawCamera(map, camera);
+    map.save(output);
+    return true;
+}
+
+int run(CLI::App& app, int argc, char** argv) {
+    std::string terrain = KYMATH_EXAMPLE_DATA, output = "cull.png";
+    double east = 74.4, north = 92.6, fov = 35, zNear = 100, zFar = 19000, objects = 6000;
+    std::vector<double> eye = {16300, 4300, 1500}, end = {12500, 20700, 1500};
+    std::vector<double> target = {18600, 19700, 500};
+    unsigned path = 0;
+    app.option_defaults()->always_capture_default();
+    app.add_option("terrain", terrain, "heights in metres, a 16-bit binary PGM");
+    app.add_option("--output", output, "the picture, a PNG");
+    const auto add = [&](const char* name, auto& value, double low, double high, const char* help) {
+        return app.add_option(name, value, help)->check([=](const std::string& text) {
+            const double v = std::strtod(text.c_str(), nullptr);
+            return v >= low && v <= high ? "" : text + " is out of range";  // as is NaN
+        });
+    };
+    add("--cell-east", east, 0.01, 1e4, "metres between columns of the heights");
+    add("--cell-north", north, 0.01, 1e4, "metres between rows");
+    add("--objects", objects, 0, 1e6, "huts and trees to place, about");
+    add("--eye", eye, -1e7, 1e7, "where the camera is: metres east, north and up")->expected(3);
+    add("--target", target, -1e7, 1e7, "what it looks at")->expected(3);
+    add("--fov", fov, 1, 170, "its vertical field of view in degrees");
+    add("--near", zNear, 0.01, 1e7, "where its view begins, in metres");
+    add("--far", zFar, 0.01, 1e7, "where its view ends");
+    add("--path", path, 0, 999, "draw this many numbered pictures, the eye moving to --path-end");
+    add("--path-end", end, -1e7, 1e7, "where the eye ends up")->expected(3);
+    app.parse(argc, argv);
+
+    if (zNear >= zFar) throw std::runtime_error("--near must be less than --far");
+    const Matrix44d projection =
+        Transformation::createPerspectiveT(fov * std::acos(-1.0) / 180, 1.6, zNear, zFar);
+    std::vector<Camera> cameras;
+    for (unsigned i = 0; i < std::max(path, 1u); ++i) {
+        const double t = i / std::max(path - 1.0, 1.0);
+        const Vector3d at = Vector3d(eye.data()) * (1 - t) + Vector3d(end.data()) * t;
+        cameras.push_back(makeCamera(at, Vector3d(target.data()), projection));
+    }
+
+    Scene scene = {HeightField(terrain, east, north), objects};
+    const Node root = buildTree(scene, 0, scene.ground.columns - 1, 0, scene.ground.rows - 1);
+    Map map(root.box, 1060 / std::max(root.box.xMax(), root.box.yMax()));
+    drawGround(map, scene.ground);
+    for (std::size_t i = 0; i < cameras.size(); ++i) {
+        std::filesystem::path file(output);
+        const std::string number = path > 0 ? std::to_string(1000 + i).replace(0, 1, "-") : "";
+        file.replace_filename(file.stem().string() + number + file.extension().string());
+        if (!show(scene, root, map, cameras[i], file.string())) return 1;
+    }
+    return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    CLI::App app("Culls a landscape against a camera and draws what is in view, seen from above.");
+    try {
+        return run(app, argc, argv);
+    } catch (const CLI::CallForHelp& help) {
+        return app.exit(help);
+    } catch (const std::exception& e) {
+        std::cerr << "cull: " << e.what() << '\n';
+        return 2;
+    }
+}
