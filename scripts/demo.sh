@@ -1,0 +1,17 @@
+#!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 The KyMath authors
+# SPDX-License-Identifier: Apache-2.0
+#
+# demo.sh [OPTION...]: installs what is missing, builds the library and culls a real landscape with
+# it, which writes build/cull.png. The options are those of the program: demo.sh --help shows them.
+set -euo pipefail
+root=$(cd "$(dirname "$0")/.." && pwd)
+
+bash "$root/scripts/setup.sh" g++ cmake ninja-build libpng-dev libcli11-dev
+cd "$root"
+echo "== Building"
+cmake --preset release -DKYMATH_EXAMPLES=ON --log-level=WARNING
+cmake --build --preset release --target cull
+echo "== Culling"
+cd - >/dev/null
+"$root/build/release/examples/cull" --output "$root/build/cull.png" "$@"

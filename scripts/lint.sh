@@ -1,0 +1,21 @@
+#!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 The KyMath authors
+# SPDX-License-Identifier: Apache-2.0
+#
+# lint.sh: installs what is missing and checks the layout of all sources with clang-format, and the
+# library and the examples with clang-tidy. lint.sh --fix lays them out instead.
+set -euo pipefail
+root=$(cd "$(dirname "$0")/.." && pwd)
+bash "$root/scripts/setup.sh" g++ cmake ninja-build libgtest-dev libpng-dev libcli11-dev clang \
+    clang-format clang-tidy
+
+cd "$root"
+mapfile -t sources < <(find include src examples tests -name '*.h' -o -name '*.cpp')
+if [[ ${1:-} == --fix ]]; then
+    clang-format -i "${sources[@]}"
+    exit
+fi
+clang-format --dry-run -Werror "${sources[@]}"
+cmake --preset clang --log-level=WARNING >/dev/null
+find src examples -name '*.cpp' -print0 |
+    xargs -0 -n 3 -P "$(nproc)" clang-tidy -p build/clang --quiet

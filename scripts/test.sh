@@ -1,0 +1,22 @@
+#!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 The KyMath authors
+# SPDX-License-Identifier: Apache-2.0
+#
+# test.sh [PRESET...]: installs what is missing, builds everything and runs the tests, for each of the
+# presets of CMakePresets.json that are named. By default: release.
+set -euo pipefail
+root=$(cd "$(dirname "$0")/.." && pwd)
+(($#)) || set -- release
+
+bash "$root/scripts/setup.sh" g++ cmake ninja-build pkg-config libgtest-dev libpng-dev libcli11-dev
+if [[ " $* " == *" clang "* ]]; then bash "$root/scripts/setup.sh" clang; fi
+
+cd "$root"
+for preset in "$@"; do
+    echo "== $preset: building"
+    cmake --preset "$preset" -DKYMATH_TESTS=ON -DKYMATH_EXAMPLES=ON \
+        "-DKYMATH_STRICT=${KYMATH_STRICT:-OFF}" --log-level=WARNING
+    cmake --build --preset "$preset"
+    echo "== $preset: testing"
+    ctest --preset "$preset"
+done
