@@ -10,7 +10,7 @@ root=$(cd "$(dirname "$0")/.." && pwd)
 bash "$root/scripts/setup.sh" g++ cmake ninja-build libpng-dev libcli11-dev
 cd "$root"
 echo "== Building"
-cmake --preset release -DKYMATH_EXAMPLES=ON --log-level=WARNING
+cmake --preset release -DKYMATH_TESTS=OFF -DKYMATH_EXAMPLES=ON --log-level=WARNING
 cmake --build --preset release --target cull
 echo "== Culling"
 cd - >/dev/null
