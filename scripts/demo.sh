@@ -7,7 +7,8 @@
 set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
 
-bash "$root/scripts/setup.sh" g++ cmake ninja-build libpng-dev libcli11-dev
+# make: what the compiler runs parallel link-time optimisation with
+bash "$root/scripts/setup.sh" g++ make cmake ninja-build libpng-dev libcli11-dev
 cd "$root"
 echo "== Building"
 cmake --preset release -DKYMATH_TESTS=OFF -DKYMATH_EXAMPLES=ON --log-level=WARNING

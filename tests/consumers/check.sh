@@ -15,7 +15,7 @@ trap 'rm -rf "$work"' EXIT
 try() { # NAME CMAKE_ARGUMENT...
     local name=$1
     shift
-    { cmake -S "$consumer" -B "$work/$name" "-DCMAKE_CXX_COMPILER=$compiler" "$@" &&
+    { cmake -G Ninja -S "$consumer" -B "$work/$name" "-DCMAKE_CXX_COMPILER=$compiler" "$@" &&
         cmake --build "$work/$name" -j2 &&
         ctest --test-dir "$work/$name" --output-on-failure; } >"$work/log" 2>&1 ||
         { cat "$work/log"; echo "failed: $name"; return 1; }
