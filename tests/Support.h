@@ -75,6 +75,14 @@ V each(F value) {
     return v;
 }
 
+/// The mixed tolerance rule of one pair of numbers: only their difference is formed in T.
+template <class T>
+bool equalWithin(T p, T q, double tol) {
+    const auto d = static_cast<double>(std::abs(p - q));
+    const auto a = static_cast<double>(std::abs(p)), b = static_cast<double>(std::abs(q));
+    return a <= tol || b <= tol ? d <= tol : d / a <= tol && d / b <= tol;
+}
+
 /// Whether V refuses both construction and assignment from each of the types Others.
 template <class V, class... Others>
 constexpr bool kRefuses =
@@ -109,41 +117,11 @@ inline ::testing::AssertionResult sameScalar(const char* ea, const char* eb, dou
     return ::testing::AssertionFailure() << ea << " against " << eb << ": " << s.str();
 }
 
-template <class V>
-::testing::AssertionResult sameValues(const char* ea, const char* eb, const V& a, const V& b) {
-    using T = typename std::decay<decltype(a[0])>::type;
-    constexpr int kCount = static_cast<int>(sizeof(V) / sizeof(T));
+template <template <class> class V, class T>
+::testing::AssertionResult sameAny(const char* ea, const char* eb, const V<T>& a, const V<T>& b) {
     const T* const p = a;
     const T* const q = b;
-    for (int i = 0; i < kCount; ++i) {
-        if (sameBits(p[i], q[i])) continue;
-        const std::string at = "[" + std::to_string(i) + "]";
-        return sameScalar((ea + at).c_str(), (eb + at).c_str(), p[i], q[i]);
-    }
-    return ::testing::AssertionSuccess();
-}
-
-template <class T>
-::testing::AssertionResult sameAny(const char* ea, const char* eb, const Vector3T<T>& a,
-                                   const Vector3T<T>& b) {
-    return sameValues(ea, eb, a, b);
-}
-template <class T>
-::testing::AssertionResult sameAny(const char* ea, const char* eb, const Vector4T<T>& a,
-                                   const Vector4T<T>& b) {
-    return sameValues(ea, eb, a, b);
-}
-template <class T>
-::testing::AssertionResult sameAny(const char* ea, const char* eb, const QuaternionT<T>& a,
-                                   const QuaternionT<T>& b) {
-    return sameValues(ea, eb, a, b);
-}
-template <class T>
-::testing::AssertionResult sameAny(const char* ea, const char* eb, const Matrix44T<T>& a,
-                                   const Matrix44T<T>& b) {
-    const T* const p = a;
-    const T* const q = b;
-    for (int i = 0; i < 16; ++i) {
+    for (int i = 0; i < kCount<V<T>>; ++i) {
         if (sameBits(p[i], q[i])) continue;
         const std::string at = "[" + std::to_string(i) + "]";
         return sameScalar((ea + at).c_str(), (eb + at).c_str(), p[i], q[i]);
@@ -153,8 +131,8 @@ template <class T>
 template <class T>
 ::testing::AssertionResult sameAny(const char* ea, const char* eb, const BoundingBoxT<T>& a,
                                    const BoundingBoxT<T>& b) {
-    const auto min = sameValues(ea, eb, a.getMin(), b.getMin());
-    return min ? sameValues(ea, eb, a.getMax(), b.getMax()) : min;
+    const auto min = sameAny(ea, eb, a.getMin(), b.getMin());
+    return min ? sameAny(ea, eb, a.getMax(), b.getMax()) : min;
 }
 inline ::testing::AssertionResult sameAny(const char* ea, const char* eb, float a, float b) {
     return sameScalar(ea, eb, a, b);
