@@ -62,7 +62,8 @@ public:
     /// Whether the box is not wholly outside any of the planes in the mask on top of the stack:
     /// true for a box inside and for one that straddles.
     ///
-    /// A top of 0 gives true at once. Otherwise the current mask becomes the top, and the planes
+    /// A top of 0 gives true at once and leaves the current mask alone, which is 0 too wherever the
+    /// protocol above is kept. Otherwise the current mask becomes the top, and the planes
     /// are tested in order: one that has the box strictly on its positive side loses its bit, one
     /// that has it strictly on its negative side ends the test with false. After true, the current
     /// mask holds exactly the planes that the box straddles or touches. Allocates nothing.
