@@ -8,7 +8,8 @@ set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
 (($#)) || set -- release
 
-bash "$root/scripts/setup.sh" g++ make cmake ninja-build pkg-config libgtest-dev libpng-dev libcli11-dev
+bash "$root/scripts/setup.sh" g++ make cmake ninja-build pkg-config libgtest-dev libeigen3-dev \
+    libpng-dev libcli11-dev libassimp-dev assimp-testmodels
 if [[ " $* " == *" clang "* ]]; then bash "$root/scripts/setup.sh" clang; fi
 
 cd "$root"

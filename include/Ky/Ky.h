@@ -4,7 +4,9 @@
 #define KY_KY_H
 
 #include <Ky/Export.h>
+#include <Ky/KyEulerAngles.h>
 #include <Ky/KyReal.h>
+#include <Ky/KyTransform.h>
 #include <Ky/Tolerance.h>
 
 #endif

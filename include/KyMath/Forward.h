@@ -5,9 +5,18 @@
 
 #include <Ky/Export.h>
 
+namespace Ky {
+
+class KY_API KyTransform;
+class KY_API KyEulerAngles;
+
+}  // namespace Ky
+
 /// The geometry library: vectors, matrices, rotations, bounding volumes.
 namespace KyMath {
 
+template <class T>
+class KY_API Vector2T;
 template <class T>
 class KY_API Vector3T;
 template <class T>
@@ -24,9 +33,13 @@ template <class T>
 class KY_API PlaneT;
 class KY_API Polytope;
 class KY_API Frustum;
+class KY_API Line3;
+class KY_API Segment3;
 
 /// @name Short names: f for float, d for double
 /// @{
+using Vector2f = Vector2T<float>;
+using Vector2d = Vector2T<double>;
 using Vector3f = Vector3T<float>;
 using Vector3d = Vector3T<double>;
 using Vector4f = Vector4T<float>;

@@ -6,7 +6,9 @@
 #include <Ky/Ky.h>
 #include <KyMath/BoundingBox.h>
 #include <KyMath/BoundingSphere.h>
+#include <KyMath/Curves.h>
 #include <KyMath/Frustum.h>
+#include <KyMath/Lines.h>
 #include <KyMath/Matrix.h>
 #include <KyMath/Plane.h>
 #include <KyMath/Polytope.h>

@@ -43,6 +43,7 @@ public:
     /// Not from anything shorter, nor from the other scalar type.
     Matrix44T(int) = delete;
     Matrix44T(std::nullptr_t) = delete;
+    Matrix44T(const Vector2T<T>&) = delete;
     Matrix44T(const Vector3T<T>&) = delete;
     Matrix44T(const Vector4T<T>&) = delete;
     Matrix44T(const QuaternionT<T>&) = delete;

@@ -32,6 +32,7 @@ public:
     QuaternionT(const Vector3T<T>& axis, const T& angle);
     QuaternionT(const QuaternionT& q) = default;
     /// Not from a vector, which has another component order, nor from 0 or nullptr.
+    QuaternionT(const Vector2T<T>&) = delete;
     QuaternionT(const Vector3T<T>&) = delete;
     QuaternionT(const Vector4T<T>&) = delete;
     QuaternionT(int) = delete;
@@ -42,6 +43,7 @@ public:
     /// @{
     QuaternionT& operator=(const QuaternionT& q);
     QuaternionT& operator=(const T* a);  ///< w, x, y, z = a[0], a[1], a[2], a[3]
+    QuaternionT& operator=(const Vector2T<T>&) = delete;
     QuaternionT& operator=(const Vector3T<T>&) = delete;
     QuaternionT& operator=(const Vector4T<T>&) = delete;
     QuaternionT& operator=(int) = delete;

@@ -27,7 +27,9 @@ public:
     Vector3T();            ///< (0, 0, 0)
     Vector3T(const T* p);  ///< (p[0], p[1], p[2])
     Vector3T(T x, T y, T z);
-    /// Not from 0 or nullptr, which would be read as a pointer.
+    /// Not from a shorter vector, 0 or nullptr: through a pointer they would be read past their
+    /// end.
+    Vector3T(const Vector2T<T>&) = delete;
     Vector3T(int) = delete;
     Vector3T(std::nullptr_t) = delete;
     /// @}

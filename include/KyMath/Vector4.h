@@ -30,6 +30,7 @@ public:
     Vector4T(const Vector3T<T>& v, T w);  ///< (v.x, v.y, v.z, w)
     /// Not from a shorter vector, 0 or nullptr: through a pointer they would be read past their
     /// end.
+    Vector4T(const Vector2T<T>&) = delete;
     Vector4T(const Vector3T<T>&) = delete;
     Vector4T(int) = delete;
     Vector4T(std::nullptr_t) = delete;
@@ -39,6 +40,7 @@ public:
     /// @{
     Vector4T& operator=(const Vector4T& v);
     Vector4T& operator=(const T* p);  ///< (p[0], p[1], p[2], p[3])
+    Vector4T& operator=(const Vector2T<T>&) = delete;
     Vector4T& operator=(const Vector3T<T>&) = delete;
     Vector4T& operator=(int) = delete;
     Vector4T& operator=(std::nullptr_t) = delete;

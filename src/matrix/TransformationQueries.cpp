@@ -3,6 +3,7 @@
 #include <KyMath/Transformation.h>
 
 #include "internal/Libm.h"
+#include "internal/RotationToQuaternion.h"
 
 #include <cmath>
 
@@ -78,31 +79,7 @@ QuaternionT<T> getRotationAsQuaternionT(const Matrix44T<T>& m, bool removeScale)
     for (unsigned long r = 0; r < 3; ++r) {
         for (unsigned long c = 0; c < 3; ++c) squares += a(r, c) * a(r, c);
     }
-    const T k = std::sqrt(3 / squares);  // 1 for a rotation, 1 / s for one scaled by s
-
-    QuaternionT<T> q;
-    const T trace = a(0, 0) + a(1, 1) + a(2, 2);
-    if (trace > 0) {
-        const T r = std::sqrt(k * trace + 1);
-        const T f = k / (2 * r);
-        q[0] = r / 2;
-        q[1] = (a(2, 1) - a(1, 2)) * f;
-        q[2] = (a(0, 2) - a(2, 0)) * f;
-        q[3] = (a(1, 0) - a(0, 1)) * f;
-        return q;
-    }
-    unsigned long i = 0;
-    if (a(1, 1) > a(0, 0)) i = 1;
-    if (a(2, 2) > a(i, i)) i = 2;
-    const unsigned long j = (i + 1) % 3;
-    const unsigned long n = (i + 2) % 3;
-    const T r = std::sqrt((a(i, i) - a(j, j) - a(n, n)) * k + 1);
-    const T f = r != 0 ? k / (2 * r) : T(0);
-    q[i + 1] = r / 2;
-    q[0] = (a(n, j) - a(j, n)) * f;
-    q[j + 1] = (a(j, i) + a(i, j)) * f;
-    q[n + 1] = (a(n, i) + a(i, n)) * f;
-    return q;
+    return internal::rotationToQuaternion<T>(a, squares);
 }
 
 template <class T>

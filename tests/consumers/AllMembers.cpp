@@ -80,7 +80,7 @@ const void* volatile sink = nullptr;
         MEMBER(C, C, operator-, (const C&) const); \
     } while (false)
 
-// What the vectors of three and of four share.
+// What the vectors of two, three and four share.
 #define VECTOR(C, T)                                                \
     do {                                                            \
         INDEXING(C, T&, const T&);                                  \
@@ -89,15 +89,9 @@ const void* volatile sink = nullptr;
         MEMBER(bool, C, operator<, (const C&) const);               \
         MEMBER(bool, C, operator>, (const C&) const);               \
         STATIC(bool, C, areEqualTol, (const C&, const C&, double)); \
-        MEMBER(bool, C, isZero, () const);                          \
-        MEMBER(bool, C, isFinite, () const);                        \
         SUMS(C);                                                    \
-        MEMBER(C&, C, operator*=, (T));                             \
-        MEMBER(C, C, operator*, (const T&) const);                  \
         MEMBER(C&, C, operator/=, (T));                             \
         MEMBER(C, C, operator/, (const T&) const);                  \
-        MEMBER(C, C, operator-, () const);                          \
-        MEMBER(T, C, operator*, (const C&) const);                  \
         MEMBER(T, C, normSquare, () const);                         \
         MEMBER(T, C, lengthSqr, () const);                          \
         MEMBER(T, C, norm, () const);                               \
@@ -106,11 +100,56 @@ const void* volatile sink = nullptr;
         MEMBER(bool, C, normalize, (T, T*));                        \
     } while (false)
 
+// What the vectors of three and of four share besides.
+#define SPACE_VECTOR(C, T)                         \
+    do {                                           \
+        VECTOR(C, T);                              \
+        MEMBER(bool, C, isZero, () const);         \
+        MEMBER(bool, C, isFinite, () const);       \
+        MEMBER(C&, C, operator*=, (T));            \
+        MEMBER(C, C, operator*, (const T&) const); \
+        MEMBER(C, C, operator-, () const);         \
+        MEMBER(T, C, operator*, (const C&) const); \
+    } while (false)
+
+// What a line and a segment share.
+#define LINE(C)                                                            \
+    do {                                                                   \
+        const Vector3d end(1, 2, 3);                                       \
+        CONSTRUCT(C, {});                                                  \
+        CONSTRUCT(C, {end, end});                                          \
+        MEMBER(double, C, closestPointFactor, (const Vector3d&) const);    \
+        MEMBER(double, C, closestPointFactor, (const C&) const);           \
+        MEMBER(Vector3d, C, closestPointTo, (const Vector3d&) const);      \
+        MEMBER(Vector3d, C, closestPointTo, (const C&) const);             \
+        MEMBER(double, C, distanceTo, (const Vector3d&, Vector3d*) const); \
+        MEMBER(double, C, distanceTo, (const C&, Vector3d*) const);        \
+    } while (false)
+
 #define COMPONENT(C, T, name)         \
     do {                              \
         MEMBER(T, C, name, () const); \
         MEMBER(T&, C, name, ());      \
     } while (false)
+
+template <class T>
+void linkVector2() {
+    using V = Vector2T<T>;
+    const T values[2] = {1, 2};
+    CONSTANT(V::kZero);
+    CONSTRUCT(V, {});
+    CONSTRUCT(V, {values});
+    CONSTRUCT(V, {T(1), T(2)});
+    MEMBER(V&, V, operator=, (const V&));
+    MEMBER(void, V, set, (T, T));
+    COMPONENT(V, T, x);
+    COMPONENT(V, T, y);
+    VECTOR(V, T);
+    MEMBER(T, V, normSquare, ());
+    MEMBER(T, V, dot, (const V&) const);
+    MEMBER(T, V, cross, (const V&) const);
+    MEMBER(V&, V, rotate, (T));
+}
 
 template <class T>
 void linkVector3() {
@@ -127,7 +166,7 @@ void linkVector3() {
     COMPONENT(V, T, z);
     STATIC(V*, V, cast, (T*));
     STATIC(const V*, V, constCast, (const T*));
-    VECTOR(V, T);
+    SPACE_VECTOR(V, T);
     MEMBER(void, V, multComp, (const V&));
     STATIC(V, V, multComp, (const V&, const V&));
     MEMBER(void, V, addMultiple, (const T&, const V&));
@@ -170,7 +209,7 @@ void linkVector4() {
     COMPONENT(V, T, z);
     COMPONENT(V, T, w);
     MEMBER(Vector3T<T>, V, xyz, () const);
-    VECTOR(V, T);
+    SPACE_VECTOR(V, T);
     MEMBER(T, V, dot, (const V&) const);
 }
 
@@ -459,9 +498,100 @@ void linkFrustum() {
     STATIC(void, , getWorldSpaceSegment, (const Matrix44f&, const Vector3f&, Vector3f&, Vector3f&));
 }
 
+void linkEulerAngles() {
+    using E = Ky::KyEulerAngles;
+    using Order = E::eEulerOrder;
+    const Vector3d angles(1, 2, 3);
+    CONSTANT(E::defaultEulerOrder);
+    CONSTRUCT(E, {});
+    CONSTRUCT(E, {1, 2, 3, E::eXYZs});
+    CONSTRUCT(E, {angles, E::eXYZs});
+    MEMBER(void, E, set, (double, double, double, Order));
+    MEMBER(void, E, setOrder, (Order));
+    MEMBER(double&, E, operator[], (int));
+    MEMBER(const double&, E, operator[], (int) const);
+    MEMBER(Vector3d, E, angles, () const);
+    MEMBER(Order, E, order, () const);
+    MEMBER(void, E, toMatrix44, (double(*)[4]) const);
+    MEMBER(void, E, fromMatrix44, (const double(*)[4], Order));
+    STATIC(Vector3d, E, getEulerAngles, (const Vector3d&, Order, Order));
+    STATIC(bool, E, areEqualTolAndSameOrder, (const E&, const E&, double));
+    STATIC(bool, E, areEqualTol, (const E&, const E&, double));
+    STATIC(std::ostream&, Ky, operator<<, (std::ostream&, const E&));
+}
+
+void linkTransform() {
+    using T = Ky::KyTransform;
+    using V = Vector3d;
+    using Q = Quaterniond;
+    const Ky::KyEulerAngles angles;
+    const V v(1, 2, 3);
+    const Matrix44d m;
+    CONSTANT(T::kIdentity);
+    CONSTRUCT(T, {});
+    CONSTRUCT(T, {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16});
+    CONSTRUCT(T, {m});
+    CONSTRUCT(T, {v, angles});
+    STATIC(T, T, createIdentity, ());
+    MEMBER(void, T, set, (const float*));
+    MEMBER(void, T, set, (const double*));
+    MEMBER(void, T, set, (const double(*)[4]));
+    MEMBER(void, T, set, (const Matrix44d&));
+    MEMBER(double&, T, operator(), (unsigned long, unsigned long));
+    MEMBER(double, T, operator(), (unsigned long, unsigned long) const);
+    INDEXING(T, double*, const double*);
+    POINTERS(T, double);
+    POINTERS(T, Ky::KyReal4);
+    MEMBER(Matrix44d, T, toMatrix44, () const);
+    MEMBER(V, T, getTranslation, () const);
+    MEMBER(void, T, setTranslation, (const V&));
+    EQUALITY(T);
+    MEMBER(bool, T, isIdentity, (double) const);
+    MEMBER(bool, T, isValid, () const);
+    MEMBER(void, T, setRotation, (const V&, const V&, const V&));
+    MEMBER(T&, T, setRotation, (const Q&));
+    MEMBER(bool, T, setRotation, (V, double));
+    MEMBER(T&, T, makeRotationFromQuaternion, (const Q&));
+    MEMBER(void, T, makeOrthonormal, (int));
+    MEMBER(T&, T, rotateSelf, (const V&, double));
+    MEMBER(T&, T, makeRotation, (const Q&));
+    MEMBER(bool, T, makeRotation, (V, double));
+    MEMBER(void, T, makeFromRotatedVector, (const V&, const V&));
+    STATIC(T, T, outerProduct3x3, (const V&, const V&));
+    MEMBER(void, T, toQuaternion, (Q&) const);
+    MEMBER(V, T, transformPoint, (const V&) const);
+    MEMBER(V, T, transformDirection, (const V&) const);
+    MEMBER(T&, T, compound, (const T&, const T&));
+    MEMBER(T&, T, compoundFirstThenInverseSecond, (const T&, const T&));
+    MEMBER(T&, T, compoundInverseFirstThenSecond, (const T&, const T&));
+    MEMBER(T&, T, postCompound, (const T&));
+    MEMBER(T&, T, postCompoundWithInverse, (const T&));
+    MEMBER(T&, T, preCompound, (const T&));
+    MEMBER(T&, T, preCompoundWithInverse, (const T&));
+    MEMBER(T&, T, interpolateRotation, (const T&, const T&, double));
+    MEMBER(T&, T, interpolate, (const T&, const T&, double));
+}
+
+void linkLinesAndCurves() {
+    using Points = std::vector<Vector3d>;
+    LINE(Line3);
+    LINE(Segment3);
+    MEMBER(bool, Line3, isValid, () const);
+    MEMBER(bool, Line3, isParallel, (const Line3&) const);
+    MEMBER(double, Line3, distanceTo, (const Vector3d&, double, int*, Vector3d*));
+    STATIC(std::ostream&, KyMath, operator<<, (std::ostream&, const Line3&));
+    STATIC(bool, KyMath, CreateLinearInterpolation,
+           (const Vector3d&, const Vector3d&, unsigned, Points&));
+    STATIC(bool, KyMath, CreateBezier, (const Points&, unsigned, Points&));
+    STATIC(bool, KyMath, CreateCatmullRomSpline, (const Points&, unsigned, Points&));
+    STATIC(bool, KyMath, CreateBSpline, (const Points&, unsigned, Points&));
+    STATIC(bool, KyMath, CreateCurve, (eCurveType, const Points&, unsigned, Points&));
+}
+
 template <class T>
 void linkTemplates() {
     CONSTANT(Ky::KY_SMALL_REAL<T>::epsilon);
+    linkVector2<T>();
     linkVector3<T>();
     linkVector4<T>();
     linkMatrix<T>();
@@ -482,6 +612,9 @@ int main() {
     linkBoundingSphere();
     linkPolytope();
     linkFrustum();
+    linkEulerAngles();
+    linkTransform();
+    linkLinesAndCurves();
     std::printf("%d members linked\n", linked);
     return 0;
 }

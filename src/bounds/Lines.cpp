@@ -1,0 +1,163 @@
+// SPDX-FileCopyrightText: 2026 The KyMath authors
+// SPDX-License-Identifier: Apache-2.0
+#include <KyMath/Lines.h>
+
+#include "internal/Arithmetic.h"
+
+#include <cmath>
+#include <ostream>
+#include <type_traits>
+
+namespace KyMath {
+
+namespace {
+
+/// What squared lengths and their like must exceed to be divided by.
+constexpr double kTolerance = 1e-7;
+
+/// The point with weights w1 for p1 and w2 for p2.
+Vector3d blend(const Line3& line, double w1, double w2) {
+    return line.p2 * w2 + line.p1 * w1;
+}
+Vector3d pointAt(const Line3& line, double t) {
+    return blend(line, 1 - t, t);
+}
+
+/// Writes the point unless there is nowhere to. Returns its distance from q, which may be *out.
+double report(const Vector3d& point, const Vector3d& q, Vector3d* out) {
+    const double distance = Vector3d::distance(point, q);
+    if (out) *out = point;
+    return distance;
+}
+
+double clamp(double t) {
+    if (0 > t) return 0;
+    return t > 1 ? 1 : t;
+}
+
+}  // namespace
+
+Line3::Line3() = default;
+Line3::Line3(const Vector3d& first, const Vector3d& second) : p1(first), p2(second) {}
+
+bool Line3::isValid() const {
+    return p1 != p2;
+}
+bool Line3::isParallel(const Line3& line) const {
+    return kTolerance > std::abs((p2 - p1).cross(line.p2 - line.p1).normSquare());
+}
+
+double Line3::closestPointFactor(const Vector3d& q) const {
+    const Vector3d d = p2 - p1;
+    const double square = d.normSquare();
+    if (!(std::abs(square) > kTolerance)) return 0;
+    return d * (q - p1) / square;
+}
+double Line3::closestPointFactor(const Line3& line) const {
+    const Vector3d d1 = p2 - p1;
+    const Vector3d d2 = line.p2 - line.p1;
+    const Vector3d w = p1 - line.p1;
+    const double a = d1 * d1;
+    const double b = d1 * d2;
+    const double c = d2 * d2;
+    const double denominator = a * c - b * b;
+    if (!(std::abs(denominator) > kTolerance)) return 0;
+    return w * ((d2 * b - d1 * c) / denominator);
+}
+
+Vector3d Line3::closestPointTo(const Vector3d& q) const {
+    Vector3d closest;
+    distanceTo(q, &closest);
+    return closest;
+}
+Vector3d Line3::closestPointTo(const Line3& line) const {
+    Vector3d closest;
+    distanceTo(line, &closest);
+    return closest;
+}
+
+double Line3::distanceTo(const Vector3d& q, Vector3d* closest) const {
+    return report(pointAt(*this, closestPointFactor(q)), q, closest);
+}
+double Line3::distanceTo(const Line3& line, Vector3d* closest) const {
+    if (isParallel(line)) return distanceTo(line.p1, closest);
+    const Vector3d point = pointAt(*this, closestPointFactor(line));
+    return report(point, pointAt(line, line.closestPointFactor(*this)), closest);
+}
+double Line3::distanceTo(const Vector3d& center, double radius, int* count, Vector3d* points) {
+    Vector3d unwantedPoints[2];
+    int unwantedCount;
+    if (!points) points = unwantedPoints;
+    if (!count) count = &unwantedCount;
+
+    Vector3d direction = p2 - p1;
+    const double distance = distanceTo(center, &points[0]);
+    const double gap = distance - radius;
+    if (distance > radius) {
+        *count = 0;
+    } else if (kTolerance > std::abs(gap)) {
+        *count = 1;
+    } else {
+        *count = 2;
+        const double h = std::sqrt(radius * radius - distance * distance);
+        direction.normalize();
+        points[1] = points[0] - direction * h;
+        points[0] = points[1] + direction * (h + h);
+    }
+    return gap;
+}
+
+Segment3::Segment3() = default;
+Segment3::Segment3(const Vector3d& first, const Vector3d& second) : Line3(first, second) {}
+
+double Segment3::closestPointFactor(const Vector3d& q) const {
+    return Line3::closestPointFactor(q);
+}
+double Segment3::closestPointFactor(const Segment3& segment) const {
+    return clamp(Line3::closestPointFactor(segment));
+}
+
+Vector3d Segment3::closestPointTo(const Vector3d& q) const {
+    Vector3d closest;
+    distanceTo(q, &closest);
+    return closest;
+}
+Vector3d Segment3::closestPointTo(const Segment3& segment) const {
+    Vector3d closest;
+    distanceTo(segment, &closest);
+    return closest;
+}
+
+double Segment3::distanceTo(const Vector3d& q, Vector3d* closest) const {
+    return report(pointAt(*this, clamp(closestPointFactor(q))), q, closest);
+}
+
+// Deliberate: clamped factors are not computed anew from each other, and of a parallel segment only
+// the first point counts unless it lies wholly beyond an end. Pinned by LinesTest.
+double Segment3::distanceTo(const Segment3& segment, Vector3d* closest) const {
+    if (!isParallel(segment)) {
+        const Vector3d point = pointAt(*this, closestPointFactor(segment));
+        return report(point, pointAt(segment, segment.closestPointFactor(*this)), closest);
+    }
+    const double t0 = closestPointFactor(segment.p1);
+    const double t1 = closestPointFactor(segment.p2);
+    if (t0 > 1 && t1 > t0) return report(p2, segment.p1, closest);
+    if (t1 > 1 && t0 > t1) return report(p2, segment.p2, closest);
+    if (0 > t1 && t1 > t0) return report(p1, segment.p2, closest);
+    if (0 > t0 && t0 > t1) return report(p1, segment.p1, closest);
+    return distanceTo(segment.p1, closest);
+}
+
+std::ostream& operator<<(std::ostream& os, const Line3& line) {
+    const Vector3d& p1 = line.p1;
+    const Vector3d& p2 = line.p2;
+    return os << "p1:" << p1.x() << " " << p1.y() << " " << p1.z()  //
+              << " p2:" << p2.x() << " " << p2.y() << " " << p2.z();
+}
+
+static_assert(sizeof(Line3) == 6 * sizeof(double) && sizeof(Segment3) == sizeof(Line3) &&
+                  std::is_standard_layout<Segment3>::value &&
+                  std::is_trivially_copyable<Segment3>::value,
+              "a line is its two points");
+
+}  // namespace KyMath

@@ -1,0 +1,95 @@
+// SPDX-FileCopyrightText: 2026 The KyMath authors
+// SPDX-License-Identifier: Apache-2.0
+#include <KyMath/Curves.h>
+
+#include "internal/Arithmetic.h"
+
+#include <algorithm>
+#include <cstddef>
+
+namespace KyMath {
+
+namespace {
+
+/// How a number of samples is shared among the segments of a curve.
+struct Sharing {
+    std::size_t segments;
+    std::size_t samples;  // of each segment
+    std::size_t start;    // the first sample of each segment that is taken; 1 after an extra P[0]
+    std::size_t extra;    // samples more: one each for the first, the last, the second segment, ...
+
+    /// The number of samples of segment c, from 1 on.
+    std::size_t samplesOf(std::size_t c) const {
+        const bool longer = c <= (extra + 1) / 2 || c > segments - extra / 2;
+        return samples + (longer ? 1 : 0);
+    }
+};
+
+/// For m control points and n > m samples, the last of which is the last control point: m + 1, m or
+/// m - 1 segments, whichever divides the others evenly first, else m with some extra samples.
+Sharing share(std::size_t m, std::size_t n) {
+    const std::size_t low = n / (m + 1);
+    const std::size_t high = low + 1;
+    // In the row of high and m + 1 the test never holds; the order of the others matters.
+    const struct {
+        std::size_t samples, remainder, start;
+    } rows[] = {{low, 1, 0}, {high, 1, 0}, {low, 2, 1}};
+    for (const auto& row : rows) {
+        for (const std::size_t segments : {m + 1, m, m - 1}) {
+            if (n == row.samples * segments + row.remainder) {
+                return {segments, row.start == 0 ? row.samples : high, row.start, 0};
+            }
+        }
+    }
+    return {m, (n - 1) / m, 0, (n - 1) % m};
+}
+
+/// Index of control point j, 0 to 3, of segment c, from 1 on.
+std::size_t controlIndex(std::size_t m, std::size_t segments, std::size_t c, std::size_t j) {
+    // Deliberate: three control points have rows of their own, so that fewer segments still end at
+    // the last of them. Pinned by CurvesTest.
+    static constexpr std::size_t kThreeOfThree[3][4] = {{0, 0, 0, 1}, {0, 1, 1, 2}, {1, 2, 2, 2}};
+    static constexpr std::size_t kTwoOfThree[2][4] = {{0, 0, 1, 1}, {0, 1, 2, 2}};
+    if (m == 3 && segments == 3) return kThreeOfThree[c - 1][j];
+    if (m == 3 && segments == 2) return kTwoOfThree[c - 1][j];
+    const std::size_t i = c + j;  // three more than the index, to stay above 0
+    return i < 3 ? 0 : std::min(i - 3, m - 1);
+}
+
+}  // namespace
+
+bool CreateBSpline(const std::vector<Vector3d>& controls, unsigned int count,
+                   std::vector<Vector3d>& out) {
+    const std::size_t m = controls.size();
+    if (m < 2 || count < m) return false;
+    if (count == m) {
+        out = controls;
+        return true;
+    }
+    if (m == 2) return CreateLinearInterpolation(controls[0], controls[1], count, out);
+
+    const std::vector<Vector3d> p = controls;  // a copy: the controls may be out
+    out.reserve(count);
+    out.clear();
+    const Sharing sharing = share(m, count);
+    if (sharing.start == 1) out.push_back(p[0]);
+    for (std::size_t c = 1; c <= sharing.segments; ++c) {
+        const auto control = [&](std::size_t j) -> const Vector3d& {
+            return p[controlIndex(m, sharing.segments, c, j)];
+        };
+        const std::size_t samples = sharing.samplesOf(c);
+        for (std::size_t j = sharing.start; j < samples; ++j) {
+            const double t = double(j) / double(samples);
+            const double b0 = (1 - t) * (1 - t) * (1 - t) / 6;
+            const double b1 = (3 * t * t * t - 6 * t * t + 4) / 6;
+            const double b2 = (3 * t + (3 * t * t - 3 * t * t * t) + 1) / 6;
+            const double b3 = t * t * t / 6;
+            out.push_back(control(0) * b0 + control(1) * b1 + control(2) * b2 + control(3) * b3);
+        }
+    }
+    out[0] = p[0];
+    out.push_back(p[m - 1]);
+    return true;
+}
+
+}  // namespace KyMath

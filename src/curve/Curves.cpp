@@ -1,0 +1,116 @@
+// SPDX-FileCopyrightText: 2026 The KyMath authors
+// SPDX-License-Identifier: Apache-2.0
+#include <KyMath/Curves.h>
+
+#include "internal/Arithmetic.h"
+
+#include <algorithm>
+#include <cstddef>
+
+namespace KyMath {
+
+namespace {
+
+using Points = std::vector<Vector3d>;
+
+/// Makes out a list of count points with undefined values. Leaves it as it was when memory runs
+/// out.
+void allocate(Points& out, unsigned int count) {
+    out.reserve(count);
+    out.resize(count);
+}
+
+}  // namespace
+
+bool CreateLinearInterpolation(const Vector3d& a, const Vector3d& b, unsigned int count,
+                               Points& out) {
+    if (count <= 1) return false;
+    const Vector3d first = a;  // copies: a and b may be elements of out
+    const Vector3d last = b;
+    allocate(out, count);
+    const double step = 1.0 / (count - 1);
+    out[0] = first;
+    for (unsigned int i = 1; i < count - 1; ++i) out[i] = (last - first) * (step * i) + first;
+    out[count - 1] = last;
+    return true;
+}
+
+bool CreateBezier(const Points& controls, unsigned int count, Points& out) {
+    const std::size_t m = controls.size();
+    if (m < 2 || count < m) return false;
+    if (count == m) {
+        out = controls;
+        return true;
+    }
+    if (m == 2) return CreateLinearInterpolation(controls[0], controls[1], count, out);
+
+    const Points fixed = controls;  // a copy: the controls may be out
+    Points work(m);
+    allocate(out, count);
+    const double step = 1.0 / (count - 1);
+    double t = 0;
+    for (Vector3d& sample : out) {
+        work = fixed;
+        for (std::size_t n = m - 1; n > 0; --n) {
+            for (std::size_t j = 0; j < n; ++j) work[j] = work[j] * (1 - t) + work[j + 1] * t;
+        }
+        sample = work[0];
+        t += step;  // accumulated: this fixes the rounding of every sample
+    }
+    out.front() = fixed.front();
+    out.back() = fixed.back();
+    return true;
+}
+
+bool CreateCatmullRomSpline(const Points& controls, unsigned int count, Points& out) {
+    const std::size_t m = controls.size();
+    if (m < 3 || count < m) return false;
+    if (count == m) {
+        out = controls;
+        return true;
+    }
+    const Points p = controls;  // a copy: the controls may be out
+    std::vector<double> u(m);
+    allocate(out, count);
+
+    for (std::size_t k = 1; k < m; ++k) u[k] = u[k - 1] + Vector3d::distance(p[k], p[k - 1]);
+    const double total = u[m - 1];
+    for (double& knot : u) knot /= total;
+    u[m - 1] = 1;
+
+    const double step = 1.0 / (count - 1);
+    std::size_t k = 0;
+    for (unsigned int i = 0; i < count; ++i) {
+        const double s = i * step;
+        // Deliberate: one segment at most. Pinned by CurvesTest.
+        if (s > u[k + 1]) ++k;
+        const Vector3d& p0 = p[k == 0 ? 0 : k - 1];
+        const Vector3d& p1 = p[k];
+        const Vector3d& p2 = p[k + 1];
+        const Vector3d& p3 = p[std::min(k + 2, m - 1)];
+        const double x = (s - u[k]) / (u[k + 1] - u[k]);
+        if (x < 1e-8) {
+            out[i] = p1;
+        } else if (x > 0.99999999) {
+            out[i] = p2;
+        } else {
+            out[i] = ((p0 * 2 - p1 * 5 + p2 * 4 - p3) * (x * x) + ((p2 - p0) * x + p1 * 2) +
+                      (p1 * 3 - p0 - p2 * 3 + p3) * (x * x * x)) *
+                     0.5;
+        }
+    }
+    return true;
+}
+
+bool CreateCurve(eCurveType type, const Points& controls, unsigned int count, Points& out) {
+    switch (type) {
+        case eCurveBSpline:
+            return CreateBSpline(controls, count, out);
+        case eCurveBezier:
+            return CreateBezier(controls, count, out);
+        default:
+            return CreateCatmullRomSpline(controls, count, out);
+    }
+}
+
+}  // namespace KyMath
