@@ -75,6 +75,32 @@ V each(F value) {
     return v;
 }
 
+/// What v is after op(v).
+template <class V, class F>
+V after(V v, F op) {
+    op(v);
+    return v;
+}
+
+/// The sum of products in index order, from the first product on.
+template <class V>
+ScalarOf<V> dot(const V& a, const V& b) {
+    ScalarOf<V> sum = a[0] * b[0];
+    for (int i = 1; i < kCount<V>; ++i) sum = sum + a[i] * b[i];
+    return sum;
+}
+
+template <class V>
+V scaled(const V& v, ScalarOf<V> s) {
+    return each<V>([&](int i) { return v[i] * s; });
+}
+
+template <class T>
+Vector3T<T> crossed(const Vector3T<T>& a, const Vector3T<T>& b) {
+    return Vector3T<T>(a[1] * b[2] - a[2] * b[1], a[2] * b[0] - a[0] * b[2],
+                       a[0] * b[1] - a[1] * b[0]);
+}
+
 /// The mixed tolerance rule of one pair of numbers: only their difference is formed in T.
 template <class T>
 bool equalWithin(T p, T q, double tol) {
@@ -134,11 +160,24 @@ template <class T>
     const auto min = sameAny(ea, eb, a.getMin(), b.getMin());
     return min ? sameAny(ea, eb, a.getMax(), b.getMax()) : min;
 }
+template <class T>
+::testing::AssertionResult sameAny(const char* ea, const char* eb, const PlaneT<T>& a,
+                                   const PlaneT<T>& b) {
+    if (a.upperBBCorner() != b.upperBBCorner() || a.lowerBBCorner() != b.lowerBBCorner()) {
+        return ::testing::AssertionFailure() << "corners of " << ea << " against " << eb;
+    }
+    return sameAny(ea, eb, a.getAsVector4(), b.getAsVector4());
+}
 inline ::testing::AssertionResult sameAny(const char* ea, const char* eb, float a, float b) {
     return sameScalar(ea, eb, a, b);
 }
 inline ::testing::AssertionResult sameAny(const char* ea, const char* eb, double a, double b) {
     return sameScalar(ea, eb, a, b);
+}
+inline ::testing::AssertionResult sameAny(const char* ea, const char* eb, const BoundingSphere& a,
+                                          const BoundingSphere& b) {
+    const auto center = sameAny(ea, eb, a.center(), b.center());
+    return center ? sameAny(ea, eb, a.radius(), b.radius()) : center;
 }
 
 struct SameBits {
@@ -149,8 +188,8 @@ struct SameBits {
     }
 };
 
-/// Expects two scalars, vectors, quaternions, matrices or boxes of one type to agree to the last
-/// bit.
+/// Expects two scalars, vectors, quaternions, matrices, boxes, spheres or planes of one type to
+/// agree to the last bit, planes in their corner indices too.
 #define EXPECT_BITS(expected, actual) \
     EXPECT_PRED_FORMAT2(::KyMath::test::SameBits(), expected, actual)
 
@@ -159,6 +198,44 @@ template <class V, class F>
 void expectInPlace(const V& expected, V v, F op) {
     EXPECT_EQ(&v, &op(v));
     EXPECT_BITS(expected, v);
+}
+
+/// Expects subscript i of v, of every index type and constant or not, to be at stride * i of the
+/// values that v converts to.
+template <class V>
+void expectSubscripts(V& v, int stride = 1) {
+    const auto address = [](const auto& found) -> const void* {
+        if constexpr (std::is_pointer<std::decay_t<decltype(found)>>::value) return found;
+        return &found;
+    };
+    const V& k = v;
+    const ScalarOf<V>* const values = k;
+    EXPECT_EQ(static_cast<const void*>(&v), static_cast<ScalarOf<V>*>(v));
+    EXPECT_EQ(static_cast<const void*>(&v), values);
+    for (int i = 0; i < 4 && i * stride < kCount<V>; ++i) {
+        const auto check = [&](auto index) {
+            EXPECT_EQ(values + i * stride, address(v[index]));
+            EXPECT_EQ(values + i * stride, address(k[index]));
+        };
+        check(i), check(static_cast<unsigned>(i)), check(static_cast<long>(i));
+        check(static_cast<unsigned long>(i));
+    }
+}
+
+/// Expects sums, differences, multiples and the given quotient of a and s by component, returned
+/// and in place.
+template <class V>
+void expectComponentwise(const V& a, const V& b, ScalarOf<V> s, const V& quotient) {
+    const V sum = each<V>([&](int i) { return a[i] + b[i]; });
+    const V difference = each<V>([&](int i) { return a[i] - b[i]; });
+    EXPECT_BITS(sum, a + b);
+    EXPECT_BITS(difference, a - b);
+    EXPECT_BITS(scaled(a, s), a * s);
+    EXPECT_BITS(quotient, a / s);
+    expectInPlace(sum, a, [&](V& v) -> V& { return v += b; });
+    expectInPlace(difference, a, [&](V& v) -> V& { return v -= b; });
+    expectInPlace(scaled(a, s), a, [&](V& v) -> V& { return v *= s; });
+    expectInPlace(quotient, a, [&](V& v) -> V& { return v /= s; });
 }
 
 /// A fixed stream of scalars that leans towards what breaks code: about a quarter are zeros of both
@@ -198,6 +275,10 @@ public:
         const T x = any(), y = any(), z = any();
         return Vector3T<T>(x, y, z);
     }
+    BoundingBoxT<T> anyBox() {
+        const Vector3T<T> min = anyVector(), max = anyVector();
+        return BoundingBoxT<T>(min, max);
+    }
     /// A valid box.
     BoundingBoxT<T> box() {
         BoundingBoxT<T> b(vector(), Vector3T<T>());
@@ -227,6 +308,18 @@ public:
 private:
     std::mt19937 bits_;
 };
+
+/// Calls f(a, b, s) for 500 pairs of vectors, quaternions or matrices, in turn plain and of any
+/// values, and any scalars.
+template <class V, class F>
+void forCorpus(std::uint32_t seed, F f) {
+    Corpus<ScalarOf<V>> corpus(seed);
+    for (int n = 0; n < 500; ++n) {
+        const auto next = [&](int) { return n % 2 == 0 ? corpus.plain() : corpus.any(); };
+        const V a = each<V>(next), b = each<V>(next);
+        f(a, b, corpus.any());
+    }
+}
 
 }  // namespace test
 }  // namespace KyMath
