@@ -12,7 +12,8 @@ bash "$root/scripts/setup.sh" g++ make cmake ninja-build libpng-dev libcli11-dev
 cd "$root"
 echo "== Building"
 cmake --preset release -DKYMATH_TESTS=OFF -DKYMATH_EXAMPLES=ON --log-level=WARNING
-cmake --build --preset release --target cull
+cmake --build --preset release
 echo "== Culling"
 cd - >/dev/null
-"$root/build/release/examples/cull" --output "$root/build/cull.png" "$@"
+[[ " $*" == *" --output"* ]] || set -- --output "$root/build/cull.png" "$@"
+"$root/build/release/examples/cull" "$@"

@@ -7,19 +7,19 @@
 #include <set>
 #include <vector>
 
-// Allocation that can be made to fail.
+// Allocation that can be made to fail. Inlined, the pairs would look mismatched to GCC.
 static int blocksInUse = 0, allocationsLeft = 1 << 30;
-void* operator new(std::size_t size) {
+__attribute__((noinline)) void* operator new(std::size_t size) {
     void* const block = size < 1u << 30 && allocationsLeft-- > 0 ? std::malloc(size) : nullptr;
     if (block == nullptr) throw std::bad_alloc();
     ++blocksInUse;
     return block;
 }
-void operator delete(void* block) noexcept {
+__attribute__((noinline)) void operator delete(void* block) noexcept {
     blocksInUse -= block != nullptr;
     std::free(block);
 }
-void operator delete(void* block, std::size_t) noexcept {
+__attribute__((noinline)) void operator delete(void* block, std::size_t) noexcept {
     operator delete(block);
 }
 

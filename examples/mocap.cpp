@@ -1,0 +1,337 @@
+// SPDX-FileCopyrightText: 2026 The KyMath authors
+// SPDX-License-Identifier: Apache-2.0
+
+// Plays a motion capture, proves that nothing gets lost on the way, and draws it:
+//
+//   1. a pose: from the angles of a frame to a transform for each joint relative to its parent, and
+//      from these down the skeleton to the world;
+//   2. playback at another rate, interpolated between the captured frames;
+//   3. the proof: bones keep their lengths, transforms stay rigid, and angles change to each of the
+//      24 orders without turning anything;
+//   4. optionally, where another reader of such files finds every joint;
+//   5. the picture from the side: figures from light to dark, and the smoothed paths of the hands,
+//      the feet and the head.
+//
+// y is up; lengths are in the unit of the capture. The exit status is 1 if a check of 3 or 4 fails,
+// and 2, after one line that says why, if the program cannot do what it is asked.
+
+#include "Bvh.h"
+#include "OtherReader.h"
+#include "Svg.h"
+
+#include <KyMath/KyMath.h>
+
+#include <CLI/CLI.hpp>
+
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <iostream>
+#include <limits>
+#include <optional>
+
+using namespace KyMath;
+using Ky::KyEulerAngles;
+using Ky::KyTransform;
+
+namespace {
+
+// 1. A pose ------------------------------------------------------------------------------------
+
+using Pose = std::vector<KyTransform>;  // of each joint, in the order of the file
+
+Pose capturedPose(const Bvh& motion, std::size_t frame) {
+    Pose pose;
+    for (const Bvh::Joint& joint : motion.joints) {
+        pose.emplace_back(motion.position(frame, joint), motion.angles(frame, joint));
+    }
+    return pose;
+}
+
+// Parents come before their children, so they are in the world when the children need them.
+Pose toWorld(const Bvh& motion, const Pose& local) {
+    Pose world = local;  // as the root is
+    for (std::size_t i = 1; i < local.size(); ++i) {
+        world[i].compound(local[i], world[motion.joints[i].parent]);
+    }
+    return world;
+}
+
+// 2. Playback ----------------------------------------------------------------------------------
+
+// Joints are interpolated relative to their parents: bones then turn and keep their lengths. In the
+// world their ends would move on straight lines, and the bones would shrink on the way.
+std::vector<Pose> play(const Bvh& motion, double rate) {
+    const double step = 1 / (rate * motion.frameTime), last = double(motion.frames - 1);
+    const double count = std::floor(last / step + 1e-9) + 1;
+    if (!(count * double(motion.joints.size()) <= 2e6)) {
+        throw std::runtime_error("--rate: too many frames to play");
+    }
+    std::vector<Pose> played;
+    for (double i = 0; i < count; ++i) {
+        const double at = std::min(i * step, last), before = std::floor(at);
+        Pose pose = capturedPose(motion, std::size_t(before));
+        const Pose after = capturedPose(motion, std::size_t(std::ceil(at)));
+        for (std::size_t j = 0; j < pose.size(); ++j) {
+            pose[j].interpolate(pose[j], after[j], at - before);
+        }
+        played.push_back(toWorld(motion, pose));
+    }
+    return played;
+}
+
+// 3. The proof ---------------------------------------------------------------------------------
+
+const double kEpsilon = std::numeric_limits<double>::epsilon();
+
+// Raises worst to value; NaN is worst of all.
+void raise(double& worst, double value) {
+    if (!(value <= worst)) worst = std::isnan(value) ? HUGE_VAL : value;
+}
+
+double difference(const KyTransform& a, const KyTransform& b) {
+    double worst = 0;
+    for (int i = 0; i < 16; ++i) raise(worst, std::abs(a[i / 4][i % 4] - b[i / 4][i % 4]));
+    return worst;
+}
+
+bool report(const char* what, double worst, double allowed) {
+    std::printf("  %s %.1e (allowed: %.1e)\n", what, worst, allowed);
+    return worst <= allowed;
+}
+
+// The sine of the angle between the first and the third axis: the smaller it is, the less each of
+// the two angles means by itself and the more rounding may move it. Below 2^-19 the third angle is
+// given up as 0; for that, the result here allows for 2^-16.
+double distanceToPole(const KyEulerAngles& angles) {
+    const bool sameAxis = angles.order() & 2;
+    const double sine = std::abs(sameAxis ? std::sin(angles[1]) : std::cos(angles[1]));
+    return sine > std::ldexp(1, -18) ? sine : kEpsilon * std::ldexp(1, 20);
+}
+
+struct Proof {
+    const Bvh& motion;
+    BoundingBoxd bounds = {};  // of all joints in all poses
+    double bones = 0, rigid = 0, angles = 0;
+
+    void addPose(const Pose& world) {
+        for (std::size_t i = 0; i < world.size(); ++i) {
+            const Bvh::Joint& joint = motion.joints[i];
+            const Vector3d at = world[i].getTranslation();
+            bounds.expandBy(at.x(), at.y(), at.z());
+            if (i > 0 && joint.hasFixedLength()) {
+                const Vector3d from = world[joint.parent].getTranslation();
+                raise(bones, std::abs(Vector3d::distance(from, at) / joint.rest.norm() - 1));
+            }
+            KyTransform square;  // R^T R, for a rotation the identity
+            square.compoundFirstThenInverseSecond(world[i], world[i]);
+            raise(rigid, difference(square, KyTransform::kIdentity));
+            if (!world[i].isValid()) raise(rigid, HUGE_VAL);  // it has the determinant, too
+        }
+    }
+
+    // To each order, from the angles and from their matrix. Triples of angles are compared by what
+    // they do: many of them stand for the same rotation.
+    void addAngles(const KyEulerAngles& given) {
+        const KyTransform rotation(Vector3d::kZero, given);
+        for (int i = 0; i < 24; ++i) {
+            const auto order = KyEulerAngles::eEulerOrder(i);
+            const KyEulerAngles changed(
+                KyEulerAngles::getEulerAngles(given.angles(), given.order(), order), order);
+            KyEulerAngles read;
+            read.fromMatrix44(rotation, order);
+            for (const KyEulerAngles& other : {changed, read}) {
+                const KyTransform again(Vector3d::kZero, other);
+                raise(angles, difference(rotation, again) * distanceToPole(read));
+            }
+        }
+    }
+
+    // A unit in the last place of the largest coordinates, by which rounding moves a joint.
+    double rounding() const {
+        return kEpsilon * (bounds.getMin().norm() + bounds.getMax().norm());
+    }
+
+    bool holds() const {
+        double shortest = HUGE_VAL;
+        for (const Bvh::Joint& joint : motion.joints) {
+            if (joint.hasFixedLength()) shortest = std::min(shortest, joint.rest.norm());
+        }
+        const double chain = 8 * kEpsilon * double(motion.joints.size());  // each joint adds to it
+        const double ends = 16 * rounding() / shortest;
+        const bool bonesHold = report("bones: relative change of length", bones, chain + ends);
+        const bool rigidHolds = report("transforms: off a rotation by", rigid, chain);
+        const bool anglesHold = report("angles: in 24 orders off by", angles, 16 * kEpsilon);
+        return bonesHold && rigidHolds && anglesHold;
+    }
+};
+
+// 4. Another reader ----------------------------------------------------------------------------
+
+// Its arithmetic is float, in which each joint down the skeleton adds to the rounding.
+bool readersAgree(const Bvh& motion, const OtherReader& other, const Proof& proof) {
+    double worst = 0;
+    for (std::size_t frame = 0; frame < motion.frames; ++frame) {
+        const Pose world = toWorld(motion, capturedPose(motion, frame));
+        const std::vector<Vector3d> found = other.joints(frame);
+        for (std::size_t i = 0; i < world.size(); ++i) {
+            raise(worst, Vector3d::distance(world[i].getTranslation(), found.at(i)));
+        }
+    }
+    const double toFloat = double(std::numeric_limits<float>::epsilon()) / kEpsilon;
+    const double allowed = double(16 + motion.joints.size()) * toFloat * proof.rounding();
+    return report("other reader: apart by", worst, allowed);
+}
+
+// 5. The picture -------------------------------------------------------------------------------
+
+const struct {
+    const char *label, *colour, *name, *otherName;  // names in lower case
+} kLimbs[] = {{"head", "#8a4fb0", "head", "skull"},
+              {"left hand", "#e39a1f", "lefthand", "leftwrist"},
+              {"right hand", "#c4452f", "righthand", "rightwrist"},
+              {"left foot", "#35a36b", "leftfoot", "leftankle"},
+              {"right foot", "#1f7fb5", "rightfoot", "rightankle"}};
+
+// The first joint with one of the names of limb number i in its own; 0 if there is none.
+std::size_t findLimb(const Bvh& motion, int i) {
+    for (std::size_t joint = 0; joint < motion.joints.size(); ++joint) {
+        std::string name = motion.joints[joint].name;
+        for (char& c : name) c = c >= 'A' && c <= 'Z' ? char(c - 'A' + 'a') : c;
+        if (name.find(kLimbs[i].name) != name.npos || name.find(kLimbs[i].otherName) != name.npos) {
+            return joint;
+        }
+    }
+    return 0;
+}
+
+// Light at first, dark in the end.
+std::string figureColour(double t) {
+    const Vector3d c = Vector3d(214, 220, 230) * (1 - t) + Vector3d(24, 34, 62) * t;
+    char text[32];
+    std::snprintf(text, sizeof text, "rgb(%.0f,%.0f,%.0f)", c.x(), c.y(), c.z());
+    return text;
+}
+
+// A figure whose head is a disc, white around its lines to set it apart from those behind.
+void drawFigure(Svg& svg, const Bvh& motion, const Svg::Points& joints, const std::string& colour) {
+    const std::size_t head = findLimb(motion, 0);
+    for (const bool halo : {true, false}) {
+        for (std::size_t i = 1; i < joints.size(); ++i) {
+            const Vector3d a = joints[motion.joints[i].parent], b = joints[i];
+            if (motion.joints[i].parent == head && head > 0) {
+                const double radius = Vector3d::distance(a, b) / 2;
+                svg.dot((a + b) / 2, radius + (halo ? 1.7 : 0), halo ? "white" : colour);
+            } else {
+                svg.line({a, b}, halo ? "white" : colour, halo ? 6.5 : 3.2);
+            }
+        }
+    }
+}
+
+void drawPathsAndLegend(Svg& svg, const Bvh& motion, const std::vector<Svg::Points>& poses) {
+    const char* ink = "#3a4256";
+    svg.label({40, 33, 0}, "start", 14, ink);
+    for (double t = 0; t <= 1; t += 0.125) {
+        svg.line({{82 + 64 * t, 22, 0}, {82 + 64 * t, 34, 0}}, figureColour(t), 3.2);
+    }
+    svg.label({156, 33, 0}, "end", 14, ink);
+    double x = 230;
+    for (int i = 0; i < 5; ++i) {
+        const std::size_t joint = findLimb(motion, i);
+        if (joint == 0) continue;
+        Svg::Points path, curve;
+        for (const Svg::Points& pose : poses) path.push_back(pose[joint]);
+        // With a whole number of samples for each of its segments, which are one more than the
+        // points, and one sample for the end, the curve is even and runs into its last point.
+        const unsigned segments = unsigned(path.size()) + 1;
+        CreateBSpline(path, segments * (1 + 2000 / segments) + 1, curve);
+        svg.line(curve, kLimbs[i].colour, 2.2, 0.85);
+        svg.line({{x, 28, 0}, {x + 24, 28, 0}}, kLimbs[i].colour, 3);
+        svg.label({x + 32, 33, 0}, kLimbs[i].label, 14, ink);
+        x += 60 + 7.5 * double(std::strlen(kLimbs[i].label));
+    }
+}
+
+void draw(const Bvh& motion, const std::vector<Pose>& played, const BoundingBoxd& bounds,
+          const std::string& output) {
+    BoundingBoxd way;  // of the root, which goes further in x or in z: that is across
+    for (const Pose& pose : played) way.expandBy(pose[0](0, 3), pose[0](1, 3), pose[0](2, 3));
+    const int across = way.getBBSize().z() > way.getBBSize().x() ? 2 : 0;
+    const Vector3d size = bounds.getBBSize(), centre = bounds.center();
+    const double scale = std::min(918 / (size[across] + 1e-9), 640 / (size.y() + 1e-9));
+    const double ground = 80 + size.y() * scale;
+    std::vector<Svg::Points> poses(played.size());
+    for (std::size_t i = 0; i < poses.size(); ++i) {
+        for (const KyTransform& joint : played[i]) {
+            const Vector3d p = joint.getTranslation();
+            poses[i].emplace_back(499 + (p[across] - centre[across]) * scale,
+                                  ground - (p.y() - bounds.yMin()) * scale, 0.0);
+        }
+    }
+
+    Svg svg(998, ground + 30);
+    svg.line({{20, ground, 0}, {978, ground, 0}}, "#9aa1b0", 1.5);
+    // A figure whenever the root has left its place in the last one by a 30th of its whole way.
+    double length = 0;
+    for (std::size_t i = 1; i < poses.size(); ++i) {
+        length += Vector3d::distance(poses[i - 1][0], poses[i][0]);
+    }
+    for (std::size_t i = 0, last = 0; i < poses.size(); ++i) {
+        if (i > 0 && Vector3d::distance(poses[last][0], poses[i][0]) < length / 30) continue;
+        drawFigure(svg, motion, poses[i], figureColour(double(i) / double(poses.size())));
+        last = i;
+    }
+    drawPathsAndLegend(svg, motion, poses);
+    svg.save(output);
+}
+
+// The program ----------------------------------------------------------------------------------
+
+int run(CLI::App& app, int argc, char** argv) {
+    std::string file = KYMATH_EXAMPLE_DATA, output = "mocap.svg";
+    double rate = 24;
+    bool check = false;
+    app.option_defaults()->always_capture_default();
+    app.add_option("motion", file, "the motion capture, a BVH file");
+    app.add_option("--output", output, "the picture, an SVG");
+    app.add_option("--rate", rate, "frames per second to play at, 0.1 to 10000");
+    app.add_flag("--check", check, "compare all joints with another reader's");
+    app.parse(argc, argv);
+    if (!(rate >= 0.1 && rate <= 1e4)) throw std::runtime_error("--rate is out of range");
+
+    const Bvh motion(file);
+    std::optional<OtherReader> other;
+    if (check) other.emplace(file, motion);
+    std::printf("%s\n  %zu joints, %zu frames at %.4g Hz\n", file.c_str(), motion.joints.size(),
+                motion.frames, 1 / motion.frameTime);
+    const auto start = std::chrono::steady_clock::now();
+    const std::vector<Pose> played = play(motion, rate);
+    const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;
+    std::printf("  played at %g Hz: %zu frames, %.0f a second\n", rate, played.size(),
+                double(played.size()) / taken.count());
+
+    Proof proof = {motion};
+    for (const Pose& pose : played) proof.addPose(pose);
+    for (std::size_t i = 0; i < motion.frames; ++i) {
+        proof.addPose(toWorld(motion, capturedPose(motion, i)));
+        for (const Bvh::Joint& joint : motion.joints) proof.addAngles(motion.angles(i, joint));
+    }
+    if (!proof.holds() || (check && !readersAgree(motion, *other, proof))) return 1;
+    draw(motion, played, proof.bounds, output);
+    return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    CLI::App app("Plays a motion capture, checks its arithmetic and draws it from the side.");
+    try {
+        return run(app, argc, argv);
+    } catch (const CLI::CallForHelp& help) {
+        return app.exit(help);
+    } catch (const std::exception& e) {
+        std::cerr << "mocap: " << e.what() << '\n';
+        return 2;
+    }
+}
