@@ -16,11 +16,6 @@ namespace KyMath {
 namespace internal {
 
 template <class T, std::size_t N>
-inline void fill(T (&a)[N], T value) {
-    for (std::size_t i = 0; i < N; ++i) a[i] = value;
-}
-
-template <class T, std::size_t N>
 inline void copy(T (&a)[N], const T* b) {
     for (std::size_t i = 0; i < N; ++i) a[i] = b[i];
 }
