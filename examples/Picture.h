@@ -3,12 +3,13 @@
 #ifndef KYMATH_EXAMPLES_PICTURE_H
 #define KYMATH_EXAMPLES_PICTURE_H
 
+#include "Output.h"
+
 #include <KyMath/Vectors.h>
 #include <png.h>
 
 #include <algorithm>
 #include <cmath>
-#include <filesystem>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -57,11 +58,7 @@ public:
     /// Writes a PNG; libpng removes what it could not finish. Throws std::runtime_error that names
     /// the file and the reason.
     void save(const std::string& file) const {
-        std::error_code ignored;
-        if (std::filesystem::exists(file, ignored) &&
-            !std::filesystem::is_regular_file(file, ignored)) {
-            throw std::runtime_error(file + ": not a regular file");
-        }
+        requireRegularFile(file);
         std::vector<png_byte> bytes;
         for (const Vector3d& p : pixels_) {
             for (int i = 0; i < 3; ++i) {
