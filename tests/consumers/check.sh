@@ -30,6 +30,17 @@ try package -DKYMATH_FROM=package "-DCMAKE_PREFIX_PATH=$work/prefix"
 try subdirectory -DKYMATH_FROM=subdirectory "-DKYMATH_SOURCE=$source"
 try fetch -DKYMATH_FROM=fetch "-DKYMATH_SOURCE=$source"
 
+# Inlined into a client that is compiled for fused operations, the archive gives the same bits still.
+if grep -qw fma /proc/cpuinfo && [[ $("$compiler" --version) != *clang* ]]; then
+    try inlined -DKYMATH_FROM=package "-DCMAKE_PREFIX_PATH=$work/prefix" \
+        "-DCONSUMER_FLAGS=-O3;-flto;-march=x86-64-v3"
+    cmp <("$work/inlined/consumer_KyMath") <("$work/inlined/consumer_Static")
+    if nm -C "$work/inlined/consumer_Static" | grep -F "Vector3T<double>::cross"; then
+        echo "failed: nothing is inlined from the archive"
+        exit 1
+    fi
+fi
+
 export PKG_CONFIG_PATH=$library_dir/pkgconfig
 flags=$(pkg-config --cflags --libs KyMath)
 # shellcheck disable=SC2086  # the flags are words

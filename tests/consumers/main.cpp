@@ -3,14 +3,34 @@
 #include <KyMath/KyMath.h>
 
 #include <cstdio>
+#include <cstring>
+#include <initializer_list>
+
+using namespace KyMath;
 
 // Constants of the library are ready for the initialisers of a client.
-static const KyMath::Matrix44d identity = KyMath::Matrix44d::kIdentity;
+static const Matrix44d identity = Matrix44d::kIdentity;
+
+// A digest of the bits of sums of products, in which it shows if a compiler fused any of them.
+static unsigned long digest() {
+    unsigned long hash = 0;
+    for (int i = 1; i < 1000; ++i) {
+        const Vector3d a(1.0 / i, i / 3.0, 0.1 * i);
+        const Vector3d b(i / 7.0, -0.7 * i, 1.1 / i);
+        const Matrix44d m = Transformation::composeT(a, b, a, 1.0);
+        const Vector3d r = Quaterniond(a, 0.3).rotate(b);
+        for (const double value : {a * b, a.cross(b).z(), m.determinant(), r.x()}) {
+            unsigned long bits = 0;
+            std::memcpy(&bits, &value, sizeof bits);
+            hash = hash * 31 + bits;
+        }
+    }
+    return hash;
+}
 
 int main() {
-    using namespace KyMath;
     const Matrix44d m = Transformation::createTranslationT(1.0, 2.0, 3.0);
     const Vector3d p = Transformation::transformPositionT(m, Vector3d(1, 1, 1));
-    std::printf("%g %g %g\n", p.x(), p.y(), p.z());
+    std::printf("%g %g %g %lx\n", p.x(), p.y(), p.z(), digest());
     return p == Vector3d(2, 3, 4) && identity == Matrix44d() ? 0 : 1;
 }
