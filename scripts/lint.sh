@@ -18,4 +18,5 @@ fi
 clang-format --dry-run -Werror "${sources[@]}"
 cmake --preset clang --log-level=WARNING >/dev/null
 find src examples -name '*.cpp' -print0 |
-    xargs -0 -n 3 -P "$(nproc)" clang-tidy -p build/clang --quiet
+    xargs -0 -n 3 -P "$(nproc)" clang-tidy -p build/clang --quiet 2>&1 |
+    { grep -vE '^[0-9]+ warnings? generated' || true; } # in headers of the system

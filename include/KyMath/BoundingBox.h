@@ -77,14 +77,16 @@ public:
     /// @name Queries: all ends count
     /// @{
     bool contains(const Vector3T<T>& p) const;  ///< min <= p <= max on every axis.
-    /// Whether the boxes share at least a point: a common face, edge or corner is enough.
+    /// Whether the boxes share at least a point: a common face, edge or corner is enough. Open for
+    /// a NaN.
     bool intersects(const BoundingBoxT& b) const;
     /// The common box: the larger minima and the smaller maxima. Not valid() if the boxes are
     /// apart.
     BoundingBoxT intersect(const BoundingBoxT& b) const;
     /// Whether the infinite line origin + t direction, t of either sign, passes through the box, by
-    /// the slab method. Strict: a line that only grazes an edge or a corner does not. A zero
-    /// component of direction counts as the reciprocal of the largest finite T.
+    /// the slab method. Strict: a line that only grazes an edge or a corner does not, and a box
+    /// without extent on some axis is never hit. Open for a line within the plane of a face and for
+    /// a NaN. A zero component of direction counts as the reciprocal of the largest finite T.
     bool intersect(const Vector3T<T>& origin, const Vector3T<T>& direction) const;
     static bool isBetween(T value, T low, T high);  ///< low <= value <= high
     /// @}

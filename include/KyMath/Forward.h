@@ -70,6 +70,30 @@ struct IsScalar<double> {
     static constexpr bool value = true;
 };
 
+/// Defined for the types that convert to a pointer, as quaternions do, but hold something else.
+template <class U>
+struct NotAQuaternion {};
+template <class T>
+struct NotAQuaternion<Vector2T<T>> {
+    using type = int;
+};
+template <class T>
+struct NotAQuaternion<Vector3T<T>> {
+    using type = int;
+};
+template <class T>
+struct NotAQuaternion<Vector4T<T>> {
+    using type = int;
+};
+template <class T>
+struct NotAQuaternion<Matrix44T<T>> {
+    using type = int;
+};
+template <>
+struct NotAQuaternion<Ky::KyTransform> {
+    using type = int;
+};
+
 }  // namespace internal
 
 }  // namespace KyMath

@@ -43,10 +43,14 @@ public:
     /// Not from anything shorter, nor from the other scalar type.
     Matrix44T(int) = delete;
     Matrix44T(std::nullptr_t) = delete;
-    Matrix44T(const Vector2T<T>&) = delete;
-    Matrix44T(const Vector3T<T>&) = delete;
-    Matrix44T(const Vector4T<T>&) = delete;
-    Matrix44T(const QuaternionT<T>&) = delete;
+    template <class U>
+    Matrix44T(const Vector2T<U>&) = delete;
+    template <class U>
+    Matrix44T(const Vector3T<U>&) = delete;
+    template <class U>
+    Matrix44T(const Vector4T<U>&) = delete;
+    template <class U>
+    Matrix44T(const QuaternionT<U>&) = delete;
     template <class U>
     Matrix44T(const Matrix44T<U>&) = delete;
     /// @}
@@ -82,7 +86,8 @@ public:
     bool operator!=(const Matrix44T& m) const;  ///< Not ==; true with any NaN.
     /// Whether each pair of values is equal within tol: with d = |a_i - b_i| formed in T,
     /// d <= tol when |a_i| <= tol or |b_i| <= tol, otherwise d / |a_i| <= tol and d / |b_i| <= tol.
-    /// The divisions and comparisons are in double. A NaN is equal to nothing.
+    /// The divisions and comparisons are in double. A NaN is equal to nothing, an infinity not even
+    /// to itself.
     bool isEqual(const Matrix44T& m, T tol) const;
     /// a.isEqual(b, T(tol))
     static bool areEqualTol(const Matrix44T& a, const Matrix44T& b, double tol);

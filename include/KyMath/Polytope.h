@@ -41,7 +41,7 @@ public:
 
     /// @name Planes
     /// @{
-    void set(const std::vector<PlaneT<double>>& planes);
+    void set(const std::vector<PlaneT<double>>& planes);  ///< Copies with fresh corner indices.
     void add(const PlaneT<double>& plane);  ///< Appends a copy with fresh corner indices.
     void clear();                           ///< Removes all planes.
     /// The six faces of the box, inside being the positive side: x > min.x, x < max.x, then y and

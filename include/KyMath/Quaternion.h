@@ -31,10 +31,11 @@ public:
     /// Rotation by angle (radians) about axis, which is normalised first. A zero axis stays zero.
     QuaternionT(const Vector3T<T>& axis, const T& angle);
     QuaternionT(const QuaternionT& q) = default;
-    /// Not from a vector, which has another component order, nor from 0 or nullptr.
-    QuaternionT(const Vector2T<T>&) = delete;
-    QuaternionT(const Vector3T<T>&) = delete;
-    QuaternionT(const Vector4T<T>&) = delete;
+    /// Not from a vector, which has another component order, nor from a matrix or rigid transform,
+    /// whose first column it would take (see Transformation::getRotationAsQuaternionT and
+    /// KyTransform::toQuaternion), nor from 0 or nullptr.
+    template <class U, typename internal::NotAQuaternion<U>::type = 0>
+    QuaternionT(const U&) = delete;
     QuaternionT(int) = delete;
     QuaternionT(std::nullptr_t) = delete;
     /// @}
@@ -43,9 +44,8 @@ public:
     /// @{
     QuaternionT& operator=(const QuaternionT& q);
     QuaternionT& operator=(const T* a);  ///< w, x, y, z = a[0], a[1], a[2], a[3]
-    QuaternionT& operator=(const Vector2T<T>&) = delete;
-    QuaternionT& operator=(const Vector3T<T>&) = delete;
-    QuaternionT& operator=(const Vector4T<T>&) = delete;
+    template <class U, typename internal::NotAQuaternion<U>::type = 0>
+    QuaternionT& operator=(const U&) = delete;
     QuaternionT& operator=(int) = delete;
     QuaternionT& operator=(std::nullptr_t) = delete;
     void set(T w, T x, T y, T z);
@@ -76,9 +76,13 @@ public:
     /// @{
     bool operator==(const QuaternionT& q) const;  ///< Exact, by component; false with any NaN.
     bool operator!=(const QuaternionT& q) const;  ///< Not ==; true with any NaN.
+    bool operator<(const QuaternionT&) const = delete;  ///< These would compare addresses.
+    bool operator>(const QuaternionT&) const = delete;
+    bool operator<=(const QuaternionT&) const = delete;
+    bool operator>=(const QuaternionT&) const = delete;
     /// Whether each pair of components is equal within tol: with d = |a_i - b_i|,
     /// d <= tol when |a_i| <= tol or |b_i| <= tol, otherwise d / |a_i| <= tol and d / |b_i| <= tol,
-    /// all in T. A NaN is equal to nothing; q and -q, the same rotation, are not equal.
+    /// all in T. A NaN or infinity is equal to nothing; q and -q, the same rotation, are not equal.
     static bool areEqualTol(const QuaternionT& a, const QuaternionT& b, T tol);
     /// @}
 

@@ -59,14 +59,16 @@ public:
     bool operator!=(const Vector2T& v) const;  ///< Not ==; true with any NaN.
     bool operator<(const Vector2T& v) const;   ///< normSquare() < v.normSquare(): shorter than v
     bool operator>(const Vector2T& v) const;   ///< normSquare() > v.normSquare(): longer than v
+    bool operator<=(const Vector2T&) const = delete;  ///< It would compare addresses.
+    bool operator>=(const Vector2T&) const = delete;
     /// Whether each pair of components is equal within tol, by the rule of Vector3T::areEqualTol.
     static bool areEqualTol(const Vector2T& a, const Vector2T& b, double tol);
     /// @}
 
     /// @name Arithmetic, by component
     /// @{
-    Vector2T& operator/=(T s);             ///< Multiplies by r = 1 / s, formed once.
-    Vector2T operator/(const T& s) const;  ///< This times r = 1 / s, formed once.
+    Vector2T& operator/=(T s);      ///< Multiplies by r = 1 / s, formed once.
+    Vector2T operator/(T s) const;  ///< This times r = 1 / s, formed once.
     Vector2T& operator+=(const Vector2T& v);
     Vector2T operator+(const Vector2T& v) const;
     Vector2T& operator-=(const Vector2T& v);

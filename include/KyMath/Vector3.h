@@ -27,9 +27,12 @@ public:
     Vector3T();            ///< (0, 0, 0)
     Vector3T(const T* p);  ///< (p[0], p[1], p[2])
     Vector3T(T x, T y, T z);
-    /// Not from a shorter vector, 0 or nullptr: through a pointer they would be read past their
-    /// end.
-    Vector3T(const Vector2T<T>&) = delete;
+    /// Not from a shorter vector, 0 or nullptr, which would be read past their end as pointers, nor
+    /// from a quaternion, which begins with w.
+    template <class U>
+    Vector3T(const Vector2T<U>&) = delete;
+    template <class U>
+    Vector3T(const QuaternionT<U>&) = delete;
     Vector3T(int) = delete;
     Vector3T(std::nullptr_t) = delete;
     /// @}
@@ -68,9 +71,12 @@ public:
     bool operator!=(const Vector3T& v) const;  ///< Not ==; true with any NaN.
     bool operator<(const Vector3T& v) const;   ///< normSquare() < v.normSquare(): shorter than v
     bool operator>(const Vector3T& v) const;   ///< normSquare() > v.normSquare(): longer than v
+    bool operator<=(const Vector3T&) const = delete;  ///< It would compare addresses.
+    bool operator>=(const Vector3T&) const = delete;
     /// Whether each pair of components is equal within tol: with d = |a_i - b_i| formed in T,
     /// d <= tol when |a_i| <= tol or |b_i| <= tol, otherwise d / |a_i| <= tol and d / |b_i| <= tol.
-    /// The divisions and comparisons are in double. A NaN is equal to nothing.
+    /// The divisions and comparisons are in double. A NaN is equal to nothing, an infinity not even
+    /// to itself.
     static bool areEqualTol(const Vector3T& a, const Vector3T& b, double tol);
     bool isZero() const;    ///< All components equal 0 (either sign) exactly.
     bool isFinite() const;  ///< No component is infinite or NaN.

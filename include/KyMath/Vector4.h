@@ -28,10 +28,14 @@ public:
     Vector4T(const std::array<T, 4>& a);  ///< (a[0], a[1], a[2], a[3])
     Vector4T(T x, T y, T z, T w);
     Vector4T(const Vector3T<T>& v, T w);  ///< (v.x, v.y, v.z, w)
-    /// Not from a shorter vector, 0 or nullptr: through a pointer they would be read past their
-    /// end.
-    Vector4T(const Vector2T<T>&) = delete;
-    Vector4T(const Vector3T<T>&) = delete;
+    /// Not from a shorter vector, 0 or nullptr, which would be read past their end as pointers, nor
+    /// from a quaternion, which begins with w.
+    template <class U>
+    Vector4T(const Vector2T<U>&) = delete;
+    template <class U>
+    Vector4T(const Vector3T<U>&) = delete;
+    template <class U>
+    Vector4T(const QuaternionT<U>&) = delete;
     Vector4T(int) = delete;
     Vector4T(std::nullptr_t) = delete;
     /// @}
@@ -40,8 +44,12 @@ public:
     /// @{
     Vector4T& operator=(const Vector4T& v);
     Vector4T& operator=(const T* p);  ///< (p[0], p[1], p[2], p[3])
-    Vector4T& operator=(const Vector2T<T>&) = delete;
-    Vector4T& operator=(const Vector3T<T>&) = delete;
+    template <class U>
+    Vector4T& operator=(const Vector2T<U>&) = delete;
+    template <class U>
+    Vector4T& operator=(const Vector3T<U>&) = delete;
+    template <class U>
+    Vector4T& operator=(const QuaternionT<U>&) = delete;
     Vector4T& operator=(int) = delete;
     Vector4T& operator=(std::nullptr_t) = delete;
     void set(T x, T y, T z, T w);
@@ -77,6 +85,8 @@ public:
     bool operator!=(const Vector4T& v) const;  ///< Not ==; true with any NaN.
     bool operator<(const Vector4T& v) const;   ///< normSquare() < v.normSquare(): shorter than v
     bool operator>(const Vector4T& v) const;   ///< normSquare() > v.normSquare(): longer than v
+    bool operator<=(const Vector4T&) const = delete;  ///< It would compare addresses.
+    bool operator>=(const Vector4T&) const = delete;
     /// Whether each pair of components is equal within tol, by the rule of Vector3T::areEqualTol.
     static bool areEqualTol(const Vector4T& a, const Vector4T& b, double tol);
     bool isZero() const;    ///< All components equal 0 (either sign) exactly.

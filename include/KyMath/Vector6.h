@@ -18,6 +18,10 @@ public:
     Vector6(double a0, double a1, double a2, double a3, double a4, double a5);
     Vector6(const double* first, const double* second);  ///< first[0..2], then second[0..2]
     Vector6(const Vector6& v) = default;
+    /// Not from shorter vectors or 0, which would be read past their end as pointers.
+    template <class T>
+    Vector6(const Vector2T<T>&, const Vector2T<T>&) = delete;
+    Vector6(int, int) = delete;
     Vector6& operator=(const Vector6& v);
     void set(const Vector3T<double>& first, const Vector3T<double>& second);
     /// @}

@@ -227,8 +227,8 @@ inline T halfExtent(T x, T y, T z, const Vector3T<T>& e) {
 template <class T>
 void BoundingBoxT<T>::transform(const Matrix44T<T>& m) {
     if (!valid()) return;
-    const Vector3T<T> e = (max_ - min_) * T(0.5);
-    const Vector3T<T> c = Transformation::transformPositionT(m, (max_ + min_) * T(0.5));
+    const Vector3T<T> e = getBBSize() * T(0.5);
+    const Vector3T<T> c = Transformation::transformPositionT(m, center());
     Vector3T<T> half;
     for (int i = 0; i < 3; ++i) half[i] = halfExtent(m[0][i], m[1][i], m[2][i], e);
     set(c - half, c + half);
@@ -239,9 +239,8 @@ void BoundingBoxT<T>::transform(const Matrix44T<T>& m) {
 template <class T>
 void BoundingBoxT<T>::inverseTransform(const Matrix44T<T>& m) {
     if (!valid()) return;
-    const Vector3T<T> e = (max_ - min_) * T(0.5);
-    const Vector3T<T> c =
-        Transformation::transformPositionT(m.inverse_orthogonal(), (max_ + min_) * T(0.5));
+    const Vector3T<T> e = getBBSize() * T(0.5);
+    const Vector3T<T> c = Transformation::transformPositionT(m.inverse_orthogonal(), center());
     Vector3T<T> half;
     for (int i = 0; i < 3; ++i) half[i] = halfExtent(m[i][0], m[i][1], m[i][2], e);
     set(c - half, c + half);

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <KyMath/Frustum.h>
 
+#include <KyMath/Transformation.h>
+
 #include "internal/Arithmetic.h"
 
 namespace KyMath {
@@ -36,20 +38,11 @@ static_assert(sizeof(Frustum) == 6 * sizeof(PlaneT<float>), "a frustum is its si
 
 }  // namespace KyMath
 
-namespace {
-
-/// m (x, y, z, 1) divided by its w.
-KyMath::Vector3T<float> unproject(const KyMath::Matrix44T<float>& m, float x, float y, float z) {
-    const auto h = KyMath::Matrix44T<float>::multiplyWithVector(m, KyMath::Vector4f(x, y, z, 1));
-    return KyMath::Vector3T<float>(h[0] / h[3], h[1] / h[3], h[2] / h[3]);
-}
-
-}  // namespace
-
 void getWorldSpaceSegment(const KyMath::Matrix44T<float>& m, const KyMath::Vector3T<float>& p,
                           KyMath::Vector3T<float>& far, KyMath::Vector3T<float>& near) {
-    const float x = p.x();
+    using KyMath::Transformation::transformPositionT;
+    const float x = p.x();  // copies: an output may be p
     const float y = p.y();
-    far = unproject(m, x, y, 1);
-    near = unproject(m, x, y, 0);
+    far = transformPositionT(m, KyMath::Vector3f(x, y, 1));
+    near = transformPositionT(m, KyMath::Vector3f(x, y, 0));
 }

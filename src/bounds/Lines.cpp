@@ -15,12 +15,8 @@ namespace {
 /// What squared lengths and their like must exceed to be divided by.
 constexpr double kTolerance = 1e-7;
 
-/// The point with weights w1 for p1 and w2 for p2.
-Vector3d blend(const Line3& line, double w1, double w2) {
-    return line.p2 * w2 + line.p1 * w1;
-}
 Vector3d pointAt(const Line3& line, double t) {
-    return blend(line, 1 - t, t);
+    return line.p2 * t + line.p1 * (1 - t);
 }
 
 /// Writes the point unless there is nowhere to. Returns its distance from q, which may be *out.

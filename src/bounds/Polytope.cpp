@@ -29,7 +29,7 @@ Polytope::~Polytope() = default;
 Polytope& Polytope::operator=(const Polytope& p) = default;
 
 void Polytope::set(const std::vector<PlaneT<double>>& planes) {
-    planes_ = planes;
+    planes_ = std::vector<PlaneT<double>>(planes);  // copies refresh their corner indices
     setupMask();
 }
 void Polytope::add(const PlaneT<double>& plane) {

@@ -119,8 +119,8 @@ inline bool normalize(T (&a)[N], T tol, T* length) {
 }  // namespace internal
 }  // namespace KyMath
 
-/// Subscripts of a class template that holds its components in v_. Every type that a loop counter
-/// may have is taken exactly; otherwise v[i] would be ambiguous with the subscript of the pointer
+/// Subscripts of a class template that holds its components in v_. The usual types of a loop
+/// counter are taken exactly; otherwise v[i] would be ambiguous with the subscript of the pointer
 /// that the class converts to.
 #define KY_DEFINE_SUBSCRIPT(Class, Index)          \
     template <class T>                             \

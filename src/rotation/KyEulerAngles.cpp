@@ -122,16 +122,16 @@ void KyEulerAngles::fromMatrix44(const double (*m)[4], eEulerOrder order) {
     double t[3];
     if (o.repeated) {
         const double sy = std::sqrt(m[i][j] * m[i][j] + m[i][k] * m[i][k]);
-        const bool free = !(sy > kGimbalLock);
-        t[0] = free ? atan2(-m[j][k], m[j][j]) : atan2(m[i][j], m[i][k]);
+        const bool locked = !(sy > kGimbalLock);
+        t[0] = locked ? atan2(-m[j][k], m[j][j]) : atan2(m[i][j], m[i][k]);
         t[1] = atan2(sy, m[i][i]);
-        t[2] = free ? 0 : atan2(m[j][i], -m[k][i]);
+        t[2] = locked ? 0 : atan2(m[j][i], -m[k][i]);
     } else {
         const double cy = std::sqrt(m[i][i] * m[i][i] + m[j][i] * m[j][i]);
-        const bool free = !(cy > kGimbalLock);
-        t[0] = free ? atan2(-m[j][k], m[j][j]) : atan2(m[k][j], m[k][k]);
+        const bool locked = !(cy > kGimbalLock);
+        t[0] = locked ? atan2(-m[j][k], m[j][j]) : atan2(m[k][j], m[k][k]);
         t[1] = atan2(-m[k][i], cy);
-        t[2] = free ? 0 : atan2(m[j][i], m[i][i]);
+        t[2] = locked ? 0 : atan2(m[j][i], m[i][i]);
     }
     applySigns(o, t);
     if (o.rotating) std::swap(t[0], t[2]);

@@ -89,7 +89,7 @@ Vector2T<T>& Vector2T<T>::operator/=(T s) {
     return *this;
 }
 template <class T>
-Vector2T<T> Vector2T<T>::operator/(const T& s) const {
+Vector2T<T> Vector2T<T>::operator/(T s) const {
     return Vector2T(*this) /= s;
 }
 template <class T>

@@ -91,7 +91,6 @@ const void* volatile sink = nullptr;
         STATIC(bool, C, areEqualTol, (const C&, const C&, double)); \
         SUMS(C);                                                    \
         MEMBER(C&, C, operator/=, (T));                             \
-        MEMBER(C, C, operator/, (const T&) const);                  \
         MEMBER(T, C, normSquare, () const);                         \
         MEMBER(T, C, lengthSqr, () const);                          \
         MEMBER(T, C, norm, () const);                               \
@@ -107,6 +106,7 @@ const void* volatile sink = nullptr;
         MEMBER(bool, C, isZero, () const);         \
         MEMBER(bool, C, isFinite, () const);       \
         MEMBER(C&, C, operator*=, (T));            \
+        MEMBER(C, C, operator/, (const T&) const); \
         MEMBER(C, C, operator*, (const T&) const); \
         MEMBER(C, C, operator-, () const);         \
         MEMBER(T, C, operator*, (const C&) const); \
@@ -145,6 +145,7 @@ void linkVector2() {
     COMPONENT(V, T, x);
     COMPONENT(V, T, y);
     VECTOR(V, T);
+    MEMBER(V, V, operator/, (T) const);
     MEMBER(T, V, normSquare, ());
     MEMBER(T, V, dot, (const V&) const);
     MEMBER(T, V, cross, (const V&) const);

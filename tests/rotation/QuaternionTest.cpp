@@ -8,8 +8,11 @@ namespace KyMath {
 namespace test {
 namespace {
 
-static_assert(kRefuses<Quaternionf, Vector3f, Vector4f, int, std::nullptr_t, Quaterniond>);
-static_assert(kRefuses<Quaterniond, Vector3d, Vector4d, int, std::nullptr_t, Quaternionf>);
+static_assert(
+    kRefuses<Quaternionf, Vector3f, Vector4f, Matrix44f, int, std::nullptr_t, Quaterniond>);
+static_assert(
+    kRefuses<Quaterniond, Vector3d, Vector4d, Matrix44d, int, std::nullptr_t, Quaternionf>);
+static_assert(kRefuses<Quaterniond, Ky::KyTransform>);
 static_assert(!IsStreamable<Quaternionf>::value && !IsStreamable<Quaterniond>::value);
 
 template <class T>

@@ -9,8 +9,8 @@ namespace KyMath {
 namespace test {
 namespace {
 
-static_assert(kRefuses<Vector3f, int, std::nullptr_t, Vector3d>);
-static_assert(kRefuses<Vector3d, int, std::nullptr_t, Vector3f>);
+static_assert(kRefuses<Vector3f, int, std::nullptr_t, Vector3d, Quaternionf>);
+static_assert(kRefuses<Vector3d, int, std::nullptr_t, Vector3f, Quaterniond>);
 static_assert(!IsStreamable<Vector3f>::value && !IsStreamable<Vector3d>::value);
 
 template <class V>

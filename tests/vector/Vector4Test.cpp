@@ -10,8 +10,8 @@ namespace KyMath {
 namespace test {
 namespace {
 
-static_assert(kRefuses<Vector4f, Vector3f, Vector3f&, int, std::nullptr_t, Vector4d>);
-static_assert(kRefuses<Vector4d, Vector3d, Vector3d&, int, std::nullptr_t, Vector4f>);
+static_assert(kRefuses<Vector4f, Vector3f, Vector3f&, Quaternionf, int, std::nullptr_t, Vector4d>);
+static_assert(kRefuses<Vector4d, Vector3d, Vector3d&, Quaterniond, int, std::nullptr_t, Vector4f>);
 static_assert(!IsStreamable<Vector4f>::value && !IsStreamable<Vector4d>::value);
 
 template <class T>
