@@ -9,6 +9,8 @@
 #include <KyMath/KyMath.h>
 
 #include <algorithm>
+#include <cmath>
+#include <vector>
 
 /// Picture of the ground from above, north up.
 struct Map : Picture {
@@ -24,6 +26,20 @@ struct Map : Picture {
     }
     Vector3d toWorld(const Vector3d& p) const {  // on the level of the mean height
         return {p.x() / scale, world.yMax() - p.y() / scale, world.center().z()};
+    }
+
+    /// Draws a line around the part of the mean level that is inside all of the planes.
+    void outline(const std::vector<KyMath::Planed>& planes, const Vector3d& colour) {
+        const auto line = [&](const Vector3d& pixel) {
+            double inside = 1e9;  // pixels to the nearest of the lines where planes cut the level
+            for (const KyMath::Planed& plane : planes) {
+                const Vector3d n = plane.getNormal();
+                const double slope = std::hypot(n.x(), n.y()) + 1e-9;
+                inside = std::min(inside, plane.distance(toWorld(pixel)) / slope * scale);
+            }
+            return KyMath::Vector4d(colour, std::clamp(1.5 - std::abs(inside), 0.0, 1.0));
+        };
+        paint(toPixel(world.getMin()), toPixel(world.getMax()), 0, line);
     }
 };
 

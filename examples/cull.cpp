@@ -13,6 +13,7 @@
 // World coordinates are metres: x east, y north, z up. The exit status is 1 if a check of 3 or 4
 // fails, and 2, after one line that says why, if the program cannot do what it is asked.
 
+#include "Convert.h"
 #include "HeightField.h"
 #include "Map.h"
 
@@ -196,18 +197,6 @@ double measure(Cull& cull, Run run) {
 
 // 4. Float against double ----------------------------------------------------------------------
 
-Vector3f toFloat(const Vector3d& v) {
-    return {float(v.x()), float(v.y()), float(v.z())};
-}
-Vector3d toDouble(const Vector3f& v) {
-    return {double(v.x()), double(v.y()), double(v.z())};
-}
-Matrix44f toFloat(const Matrix44d& m) {
-    Matrix44f result;
-    for (int i = 0; i < 16; ++i) result[i / 4][i % 4] = float(m[i / 4][i % 4]);
-    return result;
-}
-
 // In float a plane may judge a box differently only where rounding decides: when a corner of the
 // box is within a few units in the last place, of the largest distances involved, from the plane.
 bool frustumAgrees(const Camera& camera, const Scene& scene, const BoundingBoxd& world) {
@@ -268,15 +257,7 @@ void drawObjects(Map& map, const Cull& cull) {
 
 // The eye, a line around what it sees of the mean level, and its rays to the corners of that.
 void drawCamera(Map& map, const Camera& camera) {
-    const auto line = [&](const Vector3d& pixel) {
-        double inside = 1e9;  // pixels to the nearest of the lines where the planes cut the level
-        for (const Planed& plane : camera.planes) {
-            const double slope = std::hypot(plane.getNormal().x(), plane.getNormal().y()) + 1e-9;
-            inside = std::min(inside, plane.distance(map.toWorld(pixel)) / slope * map.scale);
-        }
-        return Vector4d(kInk, std::clamp(1.5 - std::abs(inside), 0.0, 1.0));
-    };
-    map.paint(map.toPixel(map.world.getMin()), map.toPixel(map.world.getMax()), 0, line);
+    map.outline(camera.planes, kInk);
     const Vector3d eye = map.toPixel(camera.eye);
     const Matrix44f toWorld = toFloat(camera.clip.inverse());
     for (const Vector3f& corner : {Vector3f(-1, -1, 0), {1, -1, 0}, {1, 1, 0}, {-1, 1, 0}}) {
