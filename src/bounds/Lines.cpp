@@ -26,6 +26,14 @@ double report(const Vector3d& point, const Vector3d& q, Vector3d* out) {
     return distance;
 }
 
+/// The point of a line or segment that its distance to the target is measured from.
+template <class Line, class Target>
+Vector3d closestPoint(const Line& line, const Target& target) {
+    Vector3d closest;
+    line.distanceTo(target, &closest);
+    return closest;
+}
+
 double clamp(double t) {
     if (0 > t) return 0;
     return t > 1 ? 1 : t;
@@ -62,14 +70,10 @@ double Line3::closestPointFactor(const Line3& line) const {
 }
 
 Vector3d Line3::closestPointTo(const Vector3d& q) const {
-    Vector3d closest;
-    distanceTo(q, &closest);
-    return closest;
+    return closestPoint(*this, q);
 }
 Vector3d Line3::closestPointTo(const Line3& line) const {
-    Vector3d closest;
-    distanceTo(line, &closest);
-    return closest;
+    return closestPoint(*this, line);
 }
 
 double Line3::distanceTo(const Vector3d& q, Vector3d* closest) const {
@@ -114,14 +118,10 @@ double Segment3::closestPointFactor(const Segment3& segment) const {
 }
 
 Vector3d Segment3::closestPointTo(const Vector3d& q) const {
-    Vector3d closest;
-    distanceTo(q, &closest);
-    return closest;
+    return closestPoint(*this, q);
 }
 Vector3d Segment3::closestPointTo(const Segment3& segment) const {
-    Vector3d closest;
-    distanceTo(segment, &closest);
-    return closest;
+    return closestPoint(*this, segment);
 }
 
 double Segment3::distanceTo(const Vector3d& q, Vector3d* closest) const {
