@@ -27,7 +27,7 @@ namespace KyMath {
 ///
 /// The stack is never empty after construction. Every function that changes the list of planes ends
 /// in setupMask(), which pushes: whoever rebuilds a polytope often keeps the stack short with
-/// popCurrentMask().
+/// popCurrentMask(). When memory runs out (std::bad_alloc), a polytope stays as it was.
 class KY_API Polytope {
 public:
     /// @name Construction and assignment

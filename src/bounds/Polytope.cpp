@@ -16,6 +16,12 @@ namespace {
 
 constexpr std::size_t kMaskBits = 32;
 
+// Lets the next push of a mask succeed.
+void makeRoom(std::vector<unsigned int>& stack) {
+    stack.push_back(0);
+    stack.pop_back();
+}
+
 }  // namespace
 
 Polytope::Polytope() {
@@ -26,23 +32,37 @@ Polytope::Polytope(const std::vector<PlaneT<double>>& planes) : planes_(planes) 
 }
 Polytope::Polytope(const Polytope& p) = default;
 Polytope::~Polytope() = default;
-Polytope& Polytope::operator=(const Polytope& p) = default;
+
+// Memory runs out, if it does, before the first change.
+
+Polytope& Polytope::operator=(const Polytope& p) {
+    maskStack_.reserve(p.maskStack_.size());
+    planes_ = p.planes_;
+    maskStack_ = p.maskStack_;
+    currentMask_ = p.currentMask_;
+    return *this;
+}
 
 void Polytope::set(const std::vector<PlaneT<double>>& planes) {
-    planes_ = std::vector<PlaneT<double>>(planes);  // copies refresh their corner indices
+    std::vector<PlaneT<double>> copies(planes);  // with fresh corner indices
+    makeRoom(maskStack_);
+    planes_.swap(copies);
     setupMask();
 }
 void Polytope::add(const PlaneT<double>& plane) {
+    makeRoom(maskStack_);
     planes_.push_back(plane);
     setupMask();
 }
 void Polytope::clear() {
+    makeRoom(maskStack_);
     planes_.clear();
     setupMask();
 }
 void Polytope::setToBoundingBox(const BoundingBoxT<double>& box) {
-    planes_.clear();
+    makeRoom(maskStack_);
     planes_.reserve(6);
+    planes_.clear();
     planes_.emplace_back(1.0, 0.0, 0.0, -box.xMin());
     planes_.emplace_back(-1.0, 0.0, 0.0, box.xMax());
     planes_.emplace_back(0.0, 1.0, 0.0, -box.yMin());
@@ -58,6 +78,7 @@ const std::vector<PlaneT<double>>& Polytope::getPlanes() const {
 // Deliberate: every change of the planes pushes, and nothing below is removed. Only the top of the
 // stack is ever read. Pinned by PolytopeTest.
 void Polytope::setupMask() {
+    makeRoom(maskStack_);
     const std::size_t n = planes_.size();
     currentMask_ = n < kMaskBits ? (1u << n) - 1 : ~0u;
     pushCurrentMask();

@@ -298,7 +298,7 @@ TYPED_TEST(TransformationTest, PartsAreReplacedAloneButAZeroColumnComposesAnew) 
 
         M m = n % 4 == 0 ? composed(scale, angles, t, sign) : corpus.matrix();
         if (n % 4 == 1) std::fill_n(m[n / 4 % 4], 4, T(0));
-        if (n % 16 == 5) m[1][3] = 5;        // the bottom value alone gives column 1 its length
+        if (n % 32 == 5) m[1][3] = 5;        // the bottom value alone gives column 1 its length
         if (n % 16 == 6) m[0][0] = kNaN<T>;  // a NaN is a length
         const V v = corpus.vector();
         const auto translate = [&](M& x) { x[3][0] = v[0], x[3][1] = v[1], x[3][2] = v[2]; };

@@ -105,6 +105,7 @@ TYPED_TEST(QuaternionTest, NormalizeComparesTheSquaredLengthWithTheTolerance) {
     };
     forCorpus<Q>(104, check);
     check(Q(0, 0, 0, 0), Q(), 0);
+    check(Q(T(0.5), T(-0.5), T(0.5), T(0.5)), Q(), 0);
     for (const T square : {below(eps), eps, above(eps)}) {
         const Q q(w, 0, std::sqrt(square - w * w), 0);
         ASSERT_EQ(square, dot(q, q));

@@ -1,50 +1,49 @@
 // SPDX-FileCopyrightText: 2026 The KyMath authors
 // SPDX-License-Identifier: Apache-2.0
 //
-// Names every public member and free function with its exact signature, from outside the library:
-// one that is lost, has another type or is not exported does not compile or does not link. This
-// object file defines nothing of the library, all of it comes from there.
-#include <Ky/Ky.h>
-#include <KyMath/KyMath.h>
+// Every public member and free function with its exact signature, both instantiations. Whoever
+// calls them draws the arguments; a function that is exported but not named here fails a test.
+#include "Table.h"
 
-#include <array>
-#include <cstdio>
-#include <vector>
-
+namespace KyMath {
+namespace test {
 namespace {
 
-using namespace KyMath;
+class Table {
+public:
+    std::vector<Function> functions;
 
-int linked = 0;
-const void* volatile sink = nullptr;
+    /// What is added belongs to this layer and type, whose indices are below limit.
+    void section(const char* layer, const std::string& type, unsigned limit) {
+        layer_ = layer;
+        type_ = type;
+        limit_ = limit;
+    }
+    void limit(unsigned limit) {
+        limit_ = limit;
+    }
+    void add(const char* name, void (*call)(Call&)) {
+        functions.push_back({layer_, type_ + name, limit_, call});
+    }
 
-// Each pointer goes through a volatile, so that no compiler leaves it out. Macros and not
-// templates, whose instances would carry the library's types in their names.
+private:
+    const char* layer_ = "";
+    std::string type_;
+    unsigned limit_ = 1;
+};
 
-#define LINK(...)                                  \
-    do {                                           \
-        const volatile auto pointer = __VA_ARGS__; \
-        if (pointer != nullptr) ++linked;          \
-    } while (false)
+template <class T>
+const std::string kLetter = sizeof(T) == 4 ? "f" : "d";
 
 // (result, class, name, (arguments) const), and for static members and free functions
 // (result, class or namespace, name, (arguments)).
-#define MEMBER(R, C, name, ...) LINK(static_cast<R(C::*) __VA_ARGS__>(&C::name))
-#define STATIC(R, C, name, ...) LINK(static_cast<R(*) __VA_ARGS__>(&C::name))
-
-// (class, {arguments})
-#define CONSTRUCT(C, ...)     \
-    do {                      \
-        C object __VA_ARGS__; \
-        sink = &object;       \
-        ++linked;             \
-    } while (false)
-
-#define CONSTANT(variable) \
-    do {                   \
-        sink = &variable;  \
-        ++linked;          \
-    } while (false)
+#define MEMBER(R, C, name, ...) \
+    table.add("::" #name #__VA_ARGS__, Caller<static_cast<R(C::*) __VA_ARGS__>(&C::name)>::call)
+#define STATIC(R, C, name, ...) \
+    table.add("::" #name #__VA_ARGS__, Caller<static_cast<R(*) __VA_ARGS__>(&C::name)>::call)
+// (class, argument types)
+#define CONSTRUCT(...) table.add(" " #__VA_ARGS__, construct<__VA_ARGS__>)
+#define CONSTANT(variable) table.add(" " #variable, read<&variable>)
 
 // Members that several types share.
 
@@ -115,9 +114,8 @@ const void* volatile sink = nullptr;
 // What a line and a segment share.
 #define LINE(C)                                                            \
     do {                                                                   \
-        const Vector3d end(1, 2, 3);                                       \
-        CONSTRUCT(C, {});                                                  \
-        CONSTRUCT(C, {end, end});                                          \
+        CONSTRUCT(C);                                                      \
+        CONSTRUCT(C, const Vector3d&, const Vector3d&);                    \
         MEMBER(double, C, closestPointFactor, (const Vector3d&) const);    \
         MEMBER(double, C, closestPointFactor, (const C&) const);           \
         MEMBER(Vector3d, C, closestPointTo, (const Vector3d&) const);      \
@@ -133,13 +131,13 @@ const void* volatile sink = nullptr;
     } while (false)
 
 template <class T>
-void linkVector2() {
+void addVector2(Table& table) {
+    table.section("vector", "Vector2" + kLetter<T>, 2);
     using V = Vector2T<T>;
-    const T values[2] = {1, 2};
     CONSTANT(V::kZero);
-    CONSTRUCT(V, {});
-    CONSTRUCT(V, {values});
-    CONSTRUCT(V, {T(1), T(2)});
+    CONSTRUCT(V);
+    CONSTRUCT(V, const T*);
+    CONSTRUCT(V, T, T);
     MEMBER(V&, V, operator=, (const V&));
     MEMBER(void, V, set, (T, T));
     COMPONENT(V, T, x);
@@ -153,13 +151,13 @@ void linkVector2() {
 }
 
 template <class T>
-void linkVector3() {
+void addVector3(Table& table) {
+    table.section("vector", "Vector3" + kLetter<T>, 3);
     using V = Vector3T<T>;
-    const T values[3] = {1, 2, 3};
     CONSTANT(V::kZero);
-    CONSTRUCT(V, {});
-    CONSTRUCT(V, {values});
-    CONSTRUCT(V, {T(1), T(2), T(3)});
+    CONSTRUCT(V);
+    CONSTRUCT(V, const T*);
+    CONSTRUCT(V, T, T, T);
     MEMBER(void, V, set, (T, T, T));
     STATIC(void, V, set, (double*, const V&));
     COMPONENT(V, T, x);
@@ -190,17 +188,15 @@ void linkVector3() {
 }
 
 template <class T>
-void linkVector4() {
+void addVector4(Table& table) {
+    table.section("vector", "Vector4" + kLetter<T>, 4);
     using V = Vector4T<T>;
-    const std::array<T, 4> values = {{1, 2, 3, 4}};
-    const V other(values);
-    const Vector3T<T> xyz(1, 2, 3);
-    CONSTRUCT(V, {});
-    CONSTRUCT(V, {other});
-    CONSTRUCT(V, {values.data()});
-    CONSTRUCT(V, {values});
-    CONSTRUCT(V, {T(1), T(2), T(3), T(4)});
-    CONSTRUCT(V, {xyz, T(4)});
+    CONSTRUCT(V);
+    CONSTRUCT(V, const V&);
+    CONSTRUCT(V, const T*);
+    CONSTRUCT(V, const std::array<T, 4>&);
+    CONSTRUCT(V, T, T, T, T);
+    CONSTRUCT(V, const Vector3T<T>&, T);
     MEMBER(V&, V, operator=, (const V&));
     MEMBER(V&, V, operator=, (const T*));
     MEMBER(void, V, set, (T, T, T, T));
@@ -214,10 +210,10 @@ void linkVector4() {
     MEMBER(T, V, dot, (const V&) const);
 }
 
-void linkVector6() {
-    const double values[3] = {1, 2, 3};
-    CONSTRUCT(Vector6, {1, 2, 3, 4, 5, 6});
-    CONSTRUCT(Vector6, {values, values});
+void addVector6(Table& table) {
+    table.section("vector", "Vector6", 6);
+    CONSTRUCT(Vector6, double, double, double, double, double, double);
+    CONSTRUCT(Vector6, const double*, const double*);
     MEMBER(Vector6&, Vector6, operator=, (const Vector6&));
     MEMBER(void, Vector6, set, (const Vector3d&, const Vector3d&));
     MEMBER(double&, Vector6, operator[], (int));
@@ -231,22 +227,19 @@ void linkVector6() {
 }
 
 template <class T>
-void linkMatrix() {
+void addMatrix(Table& table) {
+    table.section("matrix", "Matrix44" + kLetter<T>, 4);
     using M = Matrix44T<T>;
-    const T columns[4][4] = {{1}, {0, 1}, {0, 0, 1}, {0, 0, 0, 1}};
-    const double block[3][3] = {{1}, {0, 1}, {0, 0, 1}};
-    const Vector4T<T> c(1, 2, 3, 4);
-    const T n = 1;
-    const M other(columns);
+    using V = Vector4T<T>;
     CONSTANT(M::kZero);
     CONSTANT(M::kIdentity);
-    CONSTRUCT(M, {});
-    CONSTRUCT(M, {n, n, n, n, n, n, n, n, n, n, n, n, n, n, n, n});
-    CONSTRUCT(M, {columns[0]});
-    CONSTRUCT(M, {columns});
-    CONSTRUCT(M, {c, c, c, c});
-    CONSTRUCT(M, {block});
-    CONSTRUCT(M, {other});
+    CONSTRUCT(M);
+    CONSTRUCT(M, T, T, T, T, T, T, T, T, T, T, T, T, T, T, T, T);
+    CONSTRUCT(M, const T*);
+    CONSTRUCT(M, const T(*)[4]);
+    CONSTRUCT(M, const V&, const V&, const V&, const V&);
+    CONSTRUCT(M, const double(*)[3]);
+    CONSTRUCT(M, const M&);
     MEMBER(M&, M, operator=, (const M&));
     MEMBER(T&, M, operator(), (unsigned long, unsigned long));
     MEMBER(T, M, operator(), (unsigned long, unsigned long) const);
@@ -280,7 +273,8 @@ void linkMatrix() {
 }
 
 template <class T>
-void linkTransformation() {
+void addTransformation(Table& table) {
+    table.section("matrix", "Transformation" + kLetter<T>, 4);
     using M = Matrix44T<T>;
     using V = Vector3T<T>;
     using Q = QuaternionT<T>;
@@ -321,16 +315,15 @@ void linkTransformation() {
 }
 
 template <class T>
-void linkQuaternion() {
+void addQuaternion(Table& table) {
+    table.section("rotation", "Quaternion" + kLetter<T>, 4);
     using Q = QuaternionT<T>;
     using V = Vector3T<T>;
-    const T values[4] = {1, 2, 3, 4};
-    const V axis(1, 2, 3);
     CONSTANT(Q::kIdentity);
-    CONSTRUCT(Q, {});
-    CONSTRUCT(Q, {T(1), T(2), T(3), T(4)});
-    CONSTRUCT(Q, {values});
-    CONSTRUCT(Q, {axis, values[0]});
+    CONSTRUCT(Q);
+    CONSTRUCT(Q, T, T, T, T);
+    CONSTRUCT(Q, const T*);
+    CONSTRUCT(Q, const V&, T);
     MEMBER(Q&, Q, operator=, (const Q&));
     MEMBER(Q&, Q, operator=, (const T*));
     MEMBER(void, Q, set, (T, T, T, T));
@@ -373,14 +366,14 @@ void linkQuaternion() {
 }
 
 template <class T>
-void linkBoundingBox() {
+void addBoundingBox(Table& table) {
+    table.section("bounds", "BoundingBox" + kLetter<T>, 8);
     using B = BoundingBoxT<T>;
     using V = Vector3T<T>;
     using M = Matrix44T<T>;
-    const V corner(1, 2, 3);
-    CONSTRUCT(B, {});
-    CONSTRUCT(B, {T(1), T(2), T(3), T(4), T(5), T(6)});
-    CONSTRUCT(B, {corner, corner});
+    CONSTRUCT(B);
+    CONSTRUCT(B, T, T, T, T, T, T);
+    CONSTRUCT(B, const V&, const V&);
     MEMBER(void, B, init, ());
     MEMBER(void, B, set, (T, T, T, T, T, T));
     MEMBER(void, B, set, (const V&, const V&));
@@ -416,20 +409,18 @@ void linkBoundingBox() {
 }
 
 template <class T>
-void linkPlane() {
+void addPlane(Table& table) {
+    table.section("bounds", "Plane" + kLetter<T>, 1);
     using P = PlaneT<T>;
     using V = Vector3T<T>;
     using V4 = Vector4T<T>;
     using M = Matrix44T<T>;
-    const P other;
-    const V v(1, 2, 3);
-    const V4 coefficients(1, 2, 3, 4);
-    CONSTRUCT(P, {});
-    CONSTRUCT(P, {other});
-    CONSTRUCT(P, {T(1), T(2), T(3), T(4)});
-    CONSTRUCT(P, {coefficients});
-    CONSTRUCT(P, {v, v});
-    CONSTRUCT(P, {v, v, v});
+    CONSTRUCT(P);
+    CONSTRUCT(P, const P&);
+    CONSTRUCT(P, T, T, T, T);
+    CONSTRUCT(P, const V4&);
+    CONSTRUCT(P, const V&, const V&);
+    CONSTRUCT(P, const V&, const V&, const V&);
     MEMBER(P&, P, operator=, (const P&));
     MEMBER(void, P, set, (T, T, T, T));
     MEMBER(void, P, set, (const V4&));
@@ -447,11 +438,11 @@ void linkPlane() {
     MEMBER(void, P, transformProvidingInverse, (const M&));
 }
 
-void linkBoundingSphere() {
+void addBoundingSphere(Table& table) {
+    table.section("bounds", "BoundingSphere", 1);
     using S = BoundingSphere;
-    const Vector3d c(1, 2, 3);
-    CONSTRUCT(S, {});
-    CONSTRUCT(S, {c, 4});
+    CONSTRUCT(S);
+    CONSTRUCT(S, const Vector3d&, double);
     MEMBER(void, S, init, ());
     MEMBER(void, S, set, (const Vector3d&, double));
     MEMBER(const Vector3d&, S, center, () const);
@@ -466,12 +457,12 @@ void linkBoundingSphere() {
     MEMBER(void, S, expandRadiusBy, (const BoundingBoxd&));
 }
 
-void linkPolytope() {
+void addPolytope(Table& table) {
+    table.section("bounds", "Polytope", 1);
     using P = Polytope;
-    const P none;
-    CONSTRUCT(P, {});  // and the destructor
-    CONSTRUCT(P, {none.getPlanes()});
-    CONSTRUCT(P, {none});
+    CONSTRUCT(P);  // and the destructor
+    CONSTRUCT(P, const std::vector<Planed>&);
+    CONSTRUCT(P, const P&);
     MEMBER(P&, P, operator=, (const P&));
     MEMBER(void, P, set, (const std::vector<Planed>&));
     MEMBER(void, P, add, (const Planed&));
@@ -488,25 +479,25 @@ void linkPolytope() {
     MEMBER(void, P, transform, (const Matrix44d&));
 }
 
-void linkFrustum() {
+void addFrustum(Table& table) {
+    table.section("bounds", "Frustum", 6);
     using F = Frustum;
-    const F other;
-    CONSTRUCT(F, {});
-    CONSTRUCT(F, {other});
+    CONSTRUCT(F);
+    CONSTRUCT(F, const F&);
     MEMBER(F&, F, operator=, (const F&));
     MEMBER(void, F, setToWorldSpaceFrustum, (const Matrix44f&, const Matrix44f&));
     MEMBER(const Planef&, F, getPlane, (unsigned int) const);
     STATIC(void, , getWorldSpaceSegment, (const Matrix44f&, const Vector3f&, Vector3f&, Vector3f&));
 }
 
-void linkEulerAngles() {
+void addEulerAngles(Table& table) {
+    table.section("rotation", "KyEulerAngles", 3);
     using E = Ky::KyEulerAngles;
     using Order = E::eEulerOrder;
-    const Vector3d angles(1, 2, 3);
     CONSTANT(E::defaultEulerOrder);
-    CONSTRUCT(E, {});
-    CONSTRUCT(E, {1, 2, 3, E::eXYZs});
-    CONSTRUCT(E, {angles, E::eXYZs});
+    CONSTRUCT(E);
+    CONSTRUCT(E, double, double, double, Order);
+    CONSTRUCT(E, const Vector3d&, Order);
     MEMBER(void, E, set, (double, double, double, Order));
     MEMBER(void, E, setOrder, (Order));
     MEMBER(double&, E, operator[], (int));
@@ -521,18 +512,17 @@ void linkEulerAngles() {
     STATIC(std::ostream&, Ky, operator<<, (std::ostream&, const E&));
 }
 
-void linkTransform() {
+void addTransform(Table& table) {
+    table.section("rotation", "KyTransform", 4);
     using T = Ky::KyTransform;
     using V = Vector3d;
     using Q = Quaterniond;
-    const Ky::KyEulerAngles angles;
-    const V v(1, 2, 3);
-    const Matrix44d m;
+    using D = double;
     CONSTANT(T::kIdentity);
-    CONSTRUCT(T, {});
-    CONSTRUCT(T, {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16});
-    CONSTRUCT(T, {m});
-    CONSTRUCT(T, {v, angles});
+    CONSTRUCT(T);
+    CONSTRUCT(T, D, D, D, D, D, D, D, D, D, D, D, D, D, D, D, D);
+    CONSTRUCT(T, const Matrix44d&);
+    CONSTRUCT(T, const V&, const Ky::KyEulerAngles&);
     STATIC(T, T, createIdentity, ());
     MEMBER(void, T, set, (const float*));
     MEMBER(void, T, set, (const double*));
@@ -553,7 +543,9 @@ void linkTransform() {
     MEMBER(T&, T, setRotation, (const Q&));
     MEMBER(bool, T, setRotation, (V, double));
     MEMBER(T&, T, makeRotationFromQuaternion, (const Q&));
+    table.limit(3);
     MEMBER(void, T, makeOrthonormal, (int));
+    table.limit(4);
     MEMBER(T&, T, rotateSelf, (const V&, double));
     MEMBER(T&, T, makeRotation, (const Q&));
     MEMBER(bool, T, makeRotation, (V, double));
@@ -573,14 +565,20 @@ void linkTransform() {
     MEMBER(T&, T, interpolate, (const T&, const T&, double));
 }
 
-void linkLinesAndCurves() {
-    using Points = std::vector<Vector3d>;
-    LINE(Line3);
+void addLines(Table& table) {
+    table.section("bounds", "Segment3", 1);
     LINE(Segment3);
+    table.section("bounds", "Line3", 3);
+    LINE(Line3);
     MEMBER(bool, Line3, isValid, () const);
     MEMBER(bool, Line3, isParallel, (const Line3&) const);
     MEMBER(double, Line3, distanceTo, (const Vector3d&, double, int*, Vector3d*));
     STATIC(std::ostream&, KyMath, operator<<, (std::ostream&, const Line3&));
+}
+
+void addCurves(Table& table) {
+    using Points = std::vector<Vector3d>;
+    table.section("curve", "Curves", 40);
     STATIC(bool, KyMath, CreateLinearInterpolation,
            (const Vector3d&, const Vector3d&, unsigned, Points&));
     STATIC(bool, KyMath, CreateBezier, (const Points&, unsigned, Points&));
@@ -590,32 +588,38 @@ void linkLinesAndCurves() {
 }
 
 template <class T>
-void linkTemplates() {
+void addTemplates(Table& table) {
+    table.section("vector", "Tolerance" + kLetter<T>, 1);
     CONSTANT(Ky::KY_SMALL_REAL<T>::epsilon);
-    linkVector2<T>();
-    linkVector3<T>();
-    linkVector4<T>();
-    linkMatrix<T>();
-    linkTransformation<T>();
-    linkQuaternion<T>();
-    linkBoundingBox<T>();
-    linkPlane<T>();
+    addVector2<T>(table);
+    addVector3<T>(table);
+    addVector4<T>(table);
+    addMatrix<T>(table);
+    addTransformation<T>(table);
+    addQuaternion<T>(table);
+    addBoundingBox<T>(table);
+    addPlane<T>(table);
 }
 
 }  // namespace
 
-int main() {
-    linkTemplates<float>();
-    linkTemplates<double>();
+std::vector<Function> functions() {
+    Table table;
+    addTemplates<float>(table);
+    addTemplates<double>(table);
+    table.section("vector", "Ky", 1);
     STATIC(bool, Ky, KY_ARE_EQUAL<double>, (double, double));
     STATIC(bool, Ky, KyComputeAngle, (const Vector3d&, const Vector3d&, double&));
-    linkVector6();
-    linkBoundingSphere();
-    linkPolytope();
-    linkFrustum();
-    linkEulerAngles();
-    linkTransform();
-    linkLinesAndCurves();
-    std::printf("%d members linked\n", linked);
-    return 0;
+    addVector6(table);
+    addBoundingSphere(table);
+    addPolytope(table);
+    addFrustum(table);
+    addEulerAngles(table);
+    addTransform(table);
+    addLines(table);
+    addCurves(table);
+    return table.functions;
 }
+
+}  // namespace test
+}  // namespace KyMath

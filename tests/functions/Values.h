@@ -1,0 +1,160 @@
+// SPDX-FileCopyrightText: 2026 The KyMath authors
+// SPDX-License-Identifier: Apache-2.0
+#ifndef KYMATH_TESTS_VALUES_H
+#define KYMATH_TESTS_VALUES_H
+
+#include <Ky/Ky.h>
+#include <KyMath/KyMath.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace KyMath {
+namespace test {
+
+/// Values for the arguments of any function of the library, made from a fixed stream of random
+/// bytes or from those of a fuzzer. About a quarter are what breaks code: zeros of both signs,
+/// subnormal, huge, infinite, NaN, at and one step beside the tolerances of the library, equal or
+/// parallel to an earlier value of the same call. Most of the others are in the domain of the
+/// functions: unit vectors, rotations with and without scale, projections, valid boxes.
+///
+/// Integers, exact conversions and single roundings make all of it, so that a stream gives the same
+/// values wherever these sources are compiled without contraction or fast-math.
+class Inputs {
+public:
+    explicit Inputs(std::uint64_t seed) : state_(seed) {}
+    Inputs(const std::uint8_t* data, std::size_t size) : data_(data), left_(size) {}
+
+    /// Forgets the earlier values: what follows is for another call.
+    void nextCall();
+    bool exhausted() const {
+        return data_ != nullptr && left_ == 0;
+    }
+
+    unsigned below(unsigned limit);  ///< Limit at most 256.
+    void draw(bool& value);
+    void draw(float& value);
+    void draw(double& value);
+
+    template <class T>
+    void draw(Vector2T<T>& v) {
+        components<T>(v, 2);
+    }
+    template <class T>
+    void draw(Vector3T<T>& v) {
+        components<T>(v, 3);
+    }
+    template <class T>
+    void draw(Vector4T<T>& v) {
+        components<T>(v, 4);
+    }
+    void draw(Vector6& v);
+    template <class T>
+    void draw(QuaternionT<T>& q);
+    template <class T>
+    void draw(Matrix44T<T>& m) {
+        matrix<T>(m);
+    }
+    template <class T>
+    void draw(BoundingBoxT<T>& box);
+    template <class T>
+    void draw(PlaneT<T>& plane);
+    void draw(BoundingSphere& sphere);
+    void draw(Polytope& polytope);
+    void draw(Frustum& frustum);
+    void draw(Line3& line);
+    void draw(Segment3& segment);
+    void draw(Ky::KyEulerAngles& angles);
+    void draw(Ky::KyEulerAngles::eEulerOrder& order);
+    void draw(Ky::KyTransform& transform);
+    void draw(eCurveType& type);
+    void draw(std::vector<Vector3d>& points);
+    void draw(std::vector<Planed>& planes);
+
+    template <class T>
+    void components(T* out, int n);  ///< Of a vector.
+    template <class T>
+    void matrix(T* out);  ///< Sixteen values, column by column.
+
+private:
+    std::uint64_t bits(int count);
+    template <class T>
+    T scalar();
+    template <class T>
+    T plain();
+    template <class T>
+    T threshold();
+    template <class T>
+    void rotation(T (&rows)[3][3], int (&quaternion)[4]);
+
+    std::uint64_t state_ = 0;
+    const std::uint8_t* data_ = nullptr;
+    std::size_t left_ = 0;
+    std::vector<double> earlier_;                ///< scalars of this call
+    std::vector<std::vector<double>> earlierV_;  ///< and vectors
+};
+
+/// A 64-bit digest (FNV-1a by words) of results, to the last bit but for NaN: all NaNs are alike,
+/// since their signs and payloads are not part of any result.
+class Digest {
+public:
+    std::uint64_t value() const {
+        return hash_;
+    }
+
+    void add(std::uint64_t word) {
+        hash_ = (hash_ ^ word) * 0x100000001b3u;
+        hash_ ^= hash_ >> 29;
+    }
+    void add(bool value) {
+        add(std::uint64_t(value));
+    }
+    void add(int value) {
+        add(std::uint64_t(value));
+    }
+    void add(unsigned value) {
+        add(std::uint64_t(value));
+    }
+    void add(float value);
+    void add(double value);
+    void add(const std::string& text);
+    template <class T>
+    void add(const T* values, int count) {
+        for (int i = 0; i < count; ++i) add(values[i]);
+    }
+
+    template <class T>
+    void add(const Vector2T<T>& v);
+    template <class T>
+    void add(const Vector3T<T>& v);
+    template <class T>
+    void add(const Vector4T<T>& v);
+    void add(const Vector6& v);
+    template <class T>
+    void add(const QuaternionT<T>& q);
+    template <class T>
+    void add(const Matrix44T<T>& m);
+    template <class T>
+    void add(const BoundingBoxT<T>& box);
+    template <class T>
+    void add(const PlaneT<T>& plane);
+    void add(const BoundingSphere& sphere);
+    void add(const Polytope& polytope);
+    void add(const Frustum& frustum);
+    void add(const Line3& line);
+    void add(const Ky::KyEulerAngles& angles);
+    void add(const Ky::KyTransform& transform);
+    void add(const std::vector<Vector3d>& points);
+    void add(const std::vector<Planed>& planes);
+    void add(const std::vector<unsigned>& masks);
+
+private:
+    std::uint64_t hash_ = 0xcbf29ce484222325u;
+};
+
+}  // namespace test
+}  // namespace KyMath
+
+#endif

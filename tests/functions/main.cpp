@@ -1,0 +1,105 @@
+// SPDX-FileCopyrightText: 2026 The KyMath authors
+// SPDX-License-Identifier: Apache-2.0
+//
+// Calls every function of the library 4000 times, and prints per function a digest of all
+// results and what it used beyond its own code: libm, memory. The first line is a digest of libm.
+//   --threads   each call that changes nothing is made by eight threads at once instead
+//   --memory    each allocation fails in turn instead
+#include "Table.h"
+#include "Uses.h"
+
+#include <cstdio>
+#include <cstring>
+
+using namespace KyMath::test;
+
+namespace {
+
+std::uint64_t seedOf(const Function& function) {
+    Digest digest;
+    digest.add(function.name);
+    return digest.value();
+}
+
+void printLibm() {
+    Inputs in(1);
+    Digest digest;
+    for (int i = 0; i < 20000; ++i) addLibm(in, digest);
+    std::printf("libm %016llx\n", static_cast<unsigned long long>(digest.value()));
+}
+
+void printResults(const Function& function) {
+    Inputs in(seedOf(function));
+    Digest digest;
+    bool libm = false, memory = false;
+    for (int i = 0; i < 4000; ++i) {
+        in.nextCall();
+        Call call{in, function.limit, {}};
+        function.call(call);
+        digest.add(call.digest.value());
+        libm |= use.libm > 0;
+        memory |= use.allocations > 0;
+    }
+    std::printf("%016llx %s%s%s\n", static_cast<unsigned long long>(digest.value()),
+                function.name.c_str(), libm ? " [libm]" : "", memory ? " [memory]" : "");
+}
+
+/// Whether all threads got the result of one.
+bool checkThreads(const Function& function) {
+    Inputs in(seedOf(function));
+    for (int i = 0; i < 10; ++i) {
+        in.nextCall();
+        Call call{in, function.limit, {}};
+        call.threads = 8;
+        function.call(call);
+        if (!call.threadsAgree) return false;
+    }
+    return true;
+}
+
+/// Whether a call that runs out of memory, at whichever of its allocations, changes nothing and
+/// keeps nothing. (A stream takes note of the failure instead.)
+bool checkMemory(const Function& function, int& failures) {
+    Inputs in(seedOf(function));
+    for (int i = 0; i < 100; ++i) {
+        in.nextCall();
+        const Inputs start = in;
+        for (use.failAt = 0;; ++use.failAt) {
+            in = start;
+            Call call{in, function.limit, {}};
+            function.call(call);
+            if (use.allocations <= use.failAt) break;
+            ++failures;
+            if (call.threw && (!call.unchanged || use.kept != 0)) return false;
+        }
+        use.failAt = -1;
+    }
+    return true;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const char* const mode = argc > 1 ? argv[1] : "";
+    int failures = 0;
+    bool good = true;
+    const auto require = [&good](bool holds, const Function& function, const char* otherwise) {
+        if (!holds) std::printf("%s: %s\n", function.name.c_str(), otherwise);
+        good &= holds;
+    };
+    if (std::strcmp(mode, "--threads") == 0) {
+        for (const Function& f : functions()) require(checkThreads(f), f, "threads disagree");
+        return good ? 0 : 1;
+    }
+    hooks = {startCounting, stopCounting};
+    if (std::strcmp(mode, "--memory") == 0) {
+        for (const Function& f : functions()) {
+            require(checkMemory(f, failures), f, "changed or kept something without memory");
+        }
+        std::printf("%d allocations failed\n", failures);
+        return good && failures > 0 ? 0 : 1;
+    }
+    printLibm();
+    for (const Function& function : functions()) printResults(function);
+    return 0;
+}

@@ -1,0 +1,28 @@
+#!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 The KyMath authors
+# SPDX-License-Identifier: Apache-2.0
+#
+# results.sh PROGRAM: all functions give the results of results.txt, to the last bit, and use no more
+# than it says. Functions that use libm depend on that: they are left out, with a word, where libm
+# itself differs from the one of results.txt (another version, or a CPU without FMA).
+# After a deliberate change: results.sh PROGRAM --update, and a line in CHANGELOG.md.
+set -euo pipefail
+expected=$(dirname "$0")/results.txt
+actual=$(mktemp)
+trap 'rm -f "$actual"' EXIT
+"$1" >"$actual" 2>/dev/null
+
+if [[ ${2:-} == --update ]]; then
+    cp "$actual" "$expected"
+    exit
+fi
+filter='a name without a match'
+if [[ $(head -n 1 "$actual") != "$(head -n 1 "$expected")" ]]; then
+    echo "another libm: functions that use it are not compared"
+    filter='libm'
+fi
+if ! diff <(grep -v "$filter" "$expected") <(grep -v "$filter" "$actual"); then
+    echo "results changed: expected (<) and found (>)"
+    exit 1
+fi
+echo "$(grep -vc "$filter" "$actual") functions compared"
