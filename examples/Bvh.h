@@ -115,7 +115,8 @@ private:
         return {value[which[0]], value[which[1]], value[which[2]]};
     }
 
-    // Braces are followed without recursion: the file decides how deep they go.
+    // Braces are followed without recursion. No skeleton is a thousand joints deep: who reads the
+    // same file with recursion is safe.
     void readSkeleton(Words& words) {
         words.expect({"HIERARCHY", "ROOT"});
         readJoint(words, 0);
@@ -126,7 +127,7 @@ private:
                 --depth;
             } else if (word == "JOINT") {
                 open = readJoint(words, open);
-                ++depth;
+                if (++depth > 1000) words.fail("fewer nested joints expected");
             } else if (word == "End") {
                 words.expect({"Site", "{"});
                 joints.push_back({"", open, readOffset(words)});

@@ -73,8 +73,9 @@ printf 'P5 0 2 65535\nabcd' >zero.pgm
 printf 'P5 20001 2 65535\nabcd' >wide.pgm
 printf 'P5 4294967297 4294967296 65535\nabcd' >overflow.pgm
 printf 'P5 -3 2 65535\nabcdabcdabcd' >negative.pgm
+printf 'P5 3 2 65535abcdefghijklm' >unended.pgm
 mkdir folder
-for file in missing text eight plain truncated zero wide overflow negative; do
+for file in missing text eight plain truncated zero wide overflow negative unended; do
     rejects $file $file.pgm $file.pgm --output bad.png
 done
 rejects "folder as input" folder folder --output bad.png

@@ -82,6 +82,9 @@ done <<'END'
 10 10s/19/nineteen/
 10 8s/2 Frame/4294967295 Frame/
 END
+joint='{ OFFSET 0 0 0 CHANNELS 0'
+printf "%s\n" "HIERARCHY ROOT a $joint" "${joint/#/JOINT b }"{,,,,,,,,,}{,,,,,,,,,}{,,,,,,,,,} >deep.bvh
+rejects "fewer nested joints" deep.bvh
 touch empty.bvh
 mkdir folder
 for file in missing.bvh empty.bvh folder; do rejects "$file:" "$file"; done

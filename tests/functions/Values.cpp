@@ -72,16 +72,15 @@ T Inputs::plain() {
 /// One of the values where functions of the library change their minds, or a neighbour.
 template <class T>
 T Inputs::threshold() {
-    constexpr double kSingle = std::numeric_limits<float>::epsilon();
+    constexpr double kSingle = double(std::numeric_limits<float>::epsilon());
     constexpr double kDouble = std::numeric_limits<double>::epsilon();
-    static const double kValues[] = {1e-4f,   1e-6,        1e-7, 1e-8,    1e-14,
-                                     0.01f,   kSingle,     0.5,  1.0,     0.99999999,
-                                     kDouble, 1 + kDouble, 1e-5, 0x1p-19, 1.0 - kSingle,
-                                     0.1,     1e-10,       M_PI, M_PI_2,  0x1p-511};
+    static const double kValues[] = {double(1e-4f), 1e-6,        1e-7, 1e-8,    1e-14,
+                                     double(0.01f), kSingle,     0.5,  1.0,     0.99999999,
+                                     kDouble,       1 + kDouble, 1e-5, 0x1p-19, 1.0 - kSingle,
+                                     0.1,           1e-10,       M_PI, M_PI_2,  0x1p-511};
     const T value = T(kValues[below(sizeof kValues / sizeof *kValues)]);
-    const unsigned step = below(4);  // half of them exact
-    const T stepped = fromBits<T>(Bits<T>(toBits(value) + (step == 0 ? 1 : step == 1 ? -1u : 0)));
-    return below(2) == 0 ? value : stepped;
+    const T ends[] = {T(0), std::numeric_limits<T>::max(), value, value};
+    return std::nextafter(value, ends[below(4)]);  // half of them exact
 }
 
 template <class T>
@@ -110,8 +109,10 @@ T Inputs::scalar() {
                 return below(2) == 0 ? other : -other;
             }
             return plain<T>();
-        case 3:
-            return std::ldexp(plain<T>(), int(bits(12)) % 2200 - 1100);
+        case 3: {
+            const int exponent = int(bits(12)) % 2200 - 1100;
+            return std::ldexp(plain<T>(), exponent);
+        }
         case 4:
             return fromBits<T>(Bits<T>(bits(8 * sizeof(T))));
         case 5:
@@ -161,7 +162,7 @@ void Inputs::components(T* out, int n) {
         for (int i = 0; i < n; ++i) out[i] = plain<T>();
     } else if (kind < 9) {  // tiny or huge as a whole
         const int exponent = std::numeric_limits<T>::min_exponent / 2 * (int(below(5)) - 2);
-        for (int i = 0; i < n; ++i) out[i] = std::ldexp(plain<T>(), exponent + int(below(2)));
+        for (int i = 0; i < n; ++i) out[i] = std::ldexp(plain<T>(), exponent);
     } else if (kind == 9) {  // along an axis
         std::fill_n(out, n, T(0));
         out[below(unsigned(n))] = scalar<T>();
@@ -171,9 +172,9 @@ void Inputs::components(T* out, int n) {
         rotation(rows, q);
         for (int i = 0; i < n; ++i) out[i] = i < 3 ? rows[0][i] : scalar<T>();
     } else if (kind < 13) {  // like an earlier one: equal, parallel, nearly so
-        const T factor = std::ldexp(T(below(2) == 0 ? 1 : -1), int(below(4)) - 1);
-        for (int i = 0; i < n; ++i)
-            out[i] = T((*other)[std::size_t(i)]) * (kind == 11 ? T(1) : factor);
+        const T factors[] = {T(0.5), 1, 2, 4, -1, -2};
+        const T factor = kind == 11 ? T(1) : factors[below(6)];
+        for (int i = 0; i < n; ++i) out[i] = T((*other)[std::size_t(i)]) * factor;
         if (below(4) == 0) {
             T& one = out[below(unsigned(n))];
             one = std::nextafter(one, below(2) == 0 ? T(0) : T(100));
@@ -297,7 +298,9 @@ void Inputs::draw(Segment3& segment) {
     draw(static_cast<Line3&>(segment));
 }
 void Inputs::draw(Ky::KyEulerAngles::eEulerOrder& order) {
-    const int bits = int(below(24)) + (below(4) == 0 ? 32 : 0) + (below(32) == 0 ? 64 : 0);
+    int bits = int(below(24));
+    if (below(4) == 0) bits += Ky::KyEulerAngles::eNegated;
+    if (below(32) == 0) bits += 64;
     order = Ky::KyEulerAngles::eEulerOrder(bits);
 }
 void Inputs::draw(Ky::KyEulerAngles& angles) {

@@ -1,0 +1,69 @@
+#!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 The KyMath authors
+# SPDX-License-Identifier: Apache-2.0
+#
+# agree.sh [--quick]: installs what is missing, builds the library and its table of functions in many
+# ways, and compares the results of every function, to the last bit: GCC and Clang, without and with
+# optimisation, with link-time optimisation, for plain x86-64 up to what this CPU has, shared and
+# static; then clients of one shared library that are compiled with flags of their own. A difference
+# names the build and the function. --quick takes a few builds that differ most.
+set -euo pipefail
+root=$(cd "$(dirname "$0")/.." && pwd)
+bash "$root/scripts/setup.sh" g++ clang llvm make cmake ninja-build libgtest-dev libeigen3-dev
+out=$root/build/agree
+mkdir -p "$out"
+
+marches=(x86-64)
+supported=$(/lib64/ld-linux-x86-64.so.2 --help)
+for march in x86-64-v3 x86-64-v4; do
+    [[ $supported != *"$march (supported"* ]] || marches+=("$march")
+done
+if [[ ${1:-} == --quick ]]; then
+    builds=("g++ -O0 -march=${marches[-1]}" "clang++ -O3 -flto -march=${marches[-1]}")
+else
+    builds=()
+    for march in "${marches[@]}"; do
+        for level in -O0 -O2 -O3 "-O3 -flto"; do
+            for compiler in g++ clang++; do builds+=("$compiler $level -march=$march"); done
+        done
+    done
+fi
+
+reference='' compared=0 status=0
+# compare NAME PROGRAM
+compare() {
+    "$2" >"$out/results" 2>/dev/null
+    [[ $reference ]] || { reference=$out/reference && cp "$out/results" "$reference"; }
+    compared=$((compared + 1))
+    if ! diff "$reference" "$out/results" >"$out/difference"; then
+        echo "$1 differs in:"
+        sed -n 's/^> //p' "$out/difference"
+        status=1
+    fi
+}
+
+for build in "${builds[@]}"; do
+    compiler=${build%% *} dir=$out/${build// /}
+    cmake -S "$root" -B "$dir" -G Ninja --log-level=WARNING -DCMAKE_CXX_COMPILER="$compiler" \
+        -DCMAKE_BUILD_TYPE=None -DCMAKE_CXX_FLAGS="${build#* }" -DKYMATH_EXAMPLES=OFF \
+        -DCMAKE_AR="$(command -v "$([[ $compiler == g++ ]] && echo gcc-ar || echo llvm-ar)")"
+    cmake --build "$dir" --target kymath_functions_KyMath kymath_functions_Static >/dev/null
+    compare "$build, shared" "$dir/tests/kymath_functions_KyMath"
+    compare "$build, static" "$dir/tests/kymath_functions_Static"
+    echo "$build: $(($(wc -l <"$out/results") - 1)) functions"
+done
+
+dir=$out/${builds[0]// /}
+for flags in "-O3 -march=${marches[-1]} -ffp-contract=fast" -O0 "-O2 -ffast-math"; do
+    for compiler in g++ clang++; do
+        # Without -ffast-math when linking, which would change the mode of the processor.
+        $compiler -std=c++17 $flags "-I$root/include" -c "$root/tests/functions/Functions.cpp" \
+            -o "$out/client.o"
+        g++ "$out/client.o" "$dir"/tests/CMakeFiles/kymath_function_driver.dir/functions/*.o \
+            "-L$dir/src" "-Wl,-rpath,$dir/src" -lKyMath -o "$out/client"
+        compare "a client with $compiler $flags" "$out/client"
+        echo "a client with $compiler $flags"
+    done
+done
+echo "$compared programs compared"
+exit $status

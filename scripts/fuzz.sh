@@ -1,0 +1,33 @@
+#!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 The KyMath authors
+# SPDX-License-Identifier: Apache-2.0
+#
+# fuzz.sh [SECONDS]: installs what is missing and lets libFuzzer look for inputs that crash, hang or
+# trip a sanitizer, for so many seconds per target (10 by default): the functions of each layer of the
+# library, and the readers of the example programs. What it learns is kept in build/fuzz/corpus, what
+# it finds stays in build/fuzz.
+set -euo pipefail
+root=$(cd "$(dirname "$0")/.." && pwd)
+bash "$root/scripts/setup.sh" clang make cmake ninja-build libgtest-dev libeigen3-dev libpng-dev \
+    libcli11-dev libassimp-dev librapidcheck-dev
+
+cd "$root"
+cmake --preset fuzz --log-level=WARNING
+cmake --build --preset fuzz --target fuzzers
+cd build/fuzz
+for target in VectorFuzz MatrixFuzz RotationFuzz BoundsFuzz CurveFuzz BvhFuzz PgmFuzz; do
+    corpus=corpus/$target seeds=$root/tests/fuzz/corpus/$target
+    mkdir -p "$corpus"
+    [[ -d $seeds ]] || seeds=
+    # The readers must not ask for more memory than a file is worth.
+    [[ $seeds ]] && limit=1 || limit=64
+    if ! "tests/$target" -max_total_time="${1:-10}" -max_len=4096 -timeout=5 -rss_limit_mb=1024 \
+        -malloc_limit_mb=$limit -close_fd_mask=2 "$corpus" $seeds >"$target.log" 2>&1; then
+        tail -n 40 "$target.log"
+        echo "$target: a finding"
+        exit 1
+    fi
+    runs=$(sed -n 's/^Done \([0-9]*\) runs in \([0-9]*\).*/\1 executions in \2 s/p' "$target.log")
+    coverage=$(sed -n 's/.*DONE *\(cov: [0-9]*\).*/\1/p' "$target.log")
+    echo "$target: $runs, $coverage, no finding"
+done
