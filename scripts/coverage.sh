@@ -12,7 +12,7 @@ build=$root/build/coverage
 programs=("kymath_tests_static --gtest_brief=1") # with their options
 
 bash "$root/scripts/setup.sh" clang-19 libclang-rt-19-dev llvm-19 cmake ninja-build libgtest-dev \
-    libeigen3-dev jq
+    libeigen3-dev librapidcheck-dev jq
 cmake -S "$root" -B "$build" -G Ninja --log-level=WARNING -DCMAKE_CXX_COMPILER=clang++-19 \
     -DCMAKE_BUILD_TYPE=Debug "-DCMAKE_RUNTIME_OUTPUT_DIRECTORY=$build/bin" -DKYMATH_EXAMPLES=OFF \
     -DCMAKE_CXX_FLAGS="-fprofile-instr-generate -fcoverage-mapping -fcoverage-mcdc"

@@ -9,7 +9,7 @@ root=$(cd "$(dirname "$0")/.." && pwd)
 (($#)) || set -- release
 
 bash "$root/scripts/setup.sh" g++ make cmake ninja-build pkg-config libgtest-dev libeigen3-dev \
-    libpng-dev libcli11-dev libassimp-dev assimp-testmodels
+    librapidcheck-dev libpng-dev libcli11-dev libassimp-dev assimp-testmodels abigail-tools xz-utils
 if [[ " $* " == *" clang "* ]]; then bash "$root/scripts/setup.sh" clang; fi
 
 cd "$root"
