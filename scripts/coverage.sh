@@ -9,7 +9,7 @@
 set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
 build=$root/build/coverage
-programs=("kymath_tests_static --gtest_brief=1") # with their options
+programs=("kymath_tests_static --gtest_brief=1" kymath_functions_Static) # with their options
 
 bash "$root/scripts/setup.sh" clang-19 libclang-rt-19-dev llvm-19 cmake ninja-build libgtest-dev \
     libeigen3-dev librapidcheck-dev jq

@@ -15,6 +15,7 @@ cd "$root"
 cmake --preset fuzz --log-level=WARNING
 cmake --build --preset fuzz --target fuzzers
 cd build/fuzz
+total=0
 for target in VectorFuzz MatrixFuzz RotationFuzz BoundsFuzz CurveFuzz BvhFuzz PgmFuzz; do
     corpus=corpus/$target seeds=$root/tests/fuzz/corpus/$target
     mkdir -p "$corpus"
@@ -27,7 +28,9 @@ for target in VectorFuzz MatrixFuzz RotationFuzz BoundsFuzz CurveFuzz BvhFuzz Pg
         echo "$target: a finding"
         exit 1
     fi
+    total=$((total + $(sed -n 's/^Done \([0-9]*\) runs.*/\1/p' "$target.log")))
     runs=$(sed -n 's/^Done \([0-9]*\) runs in \([0-9]*\).*/\1 executions in \2 s/p' "$target.log")
     coverage=$(sed -n 's/.*DONE *\(cov: [0-9]*\).*/\1/p' "$target.log")
     echo "$target: $runs, $coverage, no finding"
 done
+echo "$total executions in all, ${1:-10} s for each of 7 targets"

@@ -10,12 +10,12 @@ root=$(cd "$(dirname "$0")/.." && pwd)
 
 bash "$root/scripts/setup.sh" g++ make cmake ninja-build pkg-config libgtest-dev libeigen3-dev \
     librapidcheck-dev libpng-dev libcli11-dev libassimp-dev assimp-testmodels abigail-tools xz-utils
-if [[ " $* " == *" clang "* ]]; then bash "$root/scripts/setup.sh" clang; fi
+if [[ " $* " =~ \ (clang|msan)\  ]]; then bash "$root/scripts/setup.sh" clang googletest; fi
 
 cd "$root"
 for preset in "$@"; do
     echo "== $preset: building"
-    cmake --preset "$preset" -DKYMATH_TESTS=ON -DKYMATH_EXAMPLES=ON \
+    cmake --preset "$preset" -DKYMATH_TESTS=ON \
         "-DKYMATH_STRICT=${KYMATH_STRICT:-OFF}" --log-level=WARNING
     cmake --build --preset "$preset"
     echo "== $preset: testing"

@@ -57,4 +57,5 @@ int main(int argc, char** argv) {
         if (round > 100) expect(now.mapped <= early.mapped, "leaves mapped memory", round);
         if (round > 100) expect(now.heap <= early.heap, "leaves blocks on the heap", round);
     }
+    std::puts("1000 rounds, nothing left behind");
 }

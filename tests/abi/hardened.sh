@@ -25,4 +25,5 @@ bars "$unmarked" . "exported functions that begin without endbr64: -fcf-protecti
 bars "$segments" '^ +[A-Z_]+ .* RWE ' "a segment is writable and executable"
 bars "$dynamic" TEXTREL "relocations in the code: -fPIC"
 bars "$dynamic" '\(R(UN)?PATH\)' "a folder to search"
+((failures)) || echo "full RELRO, no executable stack, checked jumps and returns"
 exit $failures

@@ -13,4 +13,4 @@ missing=$(LC_ALL=C comm -23 <(echo "$exported") <(names "$1" --undefined-only))
 copied=$(LC_ALL=C comm -12 <(echo "$exported") <(names "$1" --defined-only))
 [[ -z $missing ]] || printf 'not in the table:\n%s\n' "$(c++filt <<<"$missing")"
 [[ -z $copied ]] || printf 'copied into the client:\n%s\n' "$(c++filt <<<"$copied")"
-[[ -z $missing$copied ]]
+[[ -z $missing$copied ]] && echo "$(wc -l <<<"$exported") names in the table"

@@ -19,3 +19,4 @@ wrong=$(while read -r object name; do
 done <<<"$found")
 [[ -n $found ]] || { echo "cannot read $1"; exit 1; }
 [[ -z $wrong ]] || { echo "$wrong"; exit 1; }
+echo "$(cut -d' ' -f1 <<<"$found" | sort -u | wc -l) objects call $(wc -l <<<"$allowed") functions of libm"

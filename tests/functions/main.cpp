@@ -8,12 +8,19 @@
 #include "Table.h"
 #include "Uses.h"
 
+#include <unistd.h>
 #include <cstdio>
 #include <cstring>
 
 using namespace KyMath::test;
 
 namespace {
+
+/// Standard output, where the library itself must not write: its messages go nowhere.
+std::FILE* const out = [] {
+    std::FILE* const own = fdopen(dup(STDOUT_FILENO), "w");
+    return std::freopen("/dev/null", "w", stdout) != nullptr ? own : nullptr;
+}();
 
 std::uint64_t seedOf(const Function& function) {
     Digest digest;
@@ -25,7 +32,7 @@ void printLibm() {
     Inputs in(1);
     Digest digest;
     for (int i = 0; i < 20000; ++i) addLibm(in, digest);
-    std::printf("libm %016llx\n", static_cast<unsigned long long>(digest.value()));
+    std::fprintf(out, "libm %016llx\n", static_cast<unsigned long long>(digest.value()));
 }
 
 void printResults(const Function& function) {
@@ -40,8 +47,8 @@ void printResults(const Function& function) {
         libm |= use.libm > 0;
         memory |= use.allocations > 0;
     }
-    std::printf("%016llx %s%s%s\n", static_cast<unsigned long long>(digest.value()),
-                function.name.c_str(), libm ? " [libm]" : "", memory ? " [memory]" : "");
+    std::fprintf(out, "%016llx %s%s%s\n", static_cast<unsigned long long>(digest.value()),
+                 function.name.c_str(), libm ? " [libm]" : "", memory ? " [memory]" : "");
 }
 
 /// Whether all threads got the result of one.
@@ -84,11 +91,12 @@ int main(int argc, char** argv) {
     int failures = 0;
     bool good = true;
     const auto require = [&good](bool holds, const Function& function, const char* otherwise) {
-        if (!holds) std::printf("%s: %s\n", function.name.c_str(), otherwise);
+        if (!holds) std::fprintf(out, "%s: %s\n", function.name.c_str(), otherwise);
         good &= holds;
     };
     if (std::strcmp(mode, "--threads") == 0) {
         for (const Function& f : functions()) require(checkThreads(f), f, "threads disagree");
+        std::fprintf(out, "%zu functions by 8 threads\n", functions().size());
         return good ? 0 : 1;
     }
     hooks = {startCounting, stopCounting};
@@ -96,7 +104,7 @@ int main(int argc, char** argv) {
         for (const Function& f : functions()) {
             require(checkMemory(f, failures), f, "changed or kept something without memory");
         }
-        std::printf("%d allocations failed\n", failures);
+        std::fprintf(out, "%d allocations failed\n", failures);
         return good && failures > 0 ? 0 : 1;
     }
     printLibm();

@@ -1,0 +1,62 @@
+#!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 The KyMath authors
+# SPDX-License-Identifier: Apache-2.0
+#
+# reliability.sh [--quick]: installs what is missing, proves what docs/reliability.md promises and
+# prints a line per promise with its figure. It takes about two hours on two cores. --quick builds
+# fewer variants, fuzzes briefly and leaves the tests of each build to scripts/test.sh.
+set -euo pipefail
+root=$(cd "$(dirname "$0")/.." && pwd)
+cd "$root"
+logs=$root/build/reliability
+mkdir -p "$logs"
+quick=${1:-}
+status=0
+
+# promise TEXT PATTERN COMMAND...: runs the command; its last line with the pattern is the figure.
+promise() {
+    local log=$logs/${1//[^a-zA-Z]/-}.log begin=$SECONDS
+    if "${@:3}" >"$log" 2>&1 && grep -qE "$2" "$log"; then
+        printf 'holds   %-44s %s (%d s)\n' "$1" "$(grep -E "$2" "$log" | tail -n 1 | xargs)" \
+            $((SECONDS - begin))
+    else
+        printf 'BROKEN  %-44s %s\n' "$1" "$log"
+        tail -n 20 "$log"
+        status=1
+    fi
+}
+tested() { bash scripts/test.sh "$1" && ctest --preset "$1" -N; }
+random_laws() { RC_PARAMS="max_success=$1" "$tests/kymath_properties" --gtest_brief=1; }
+reproducible() {
+    for compiler in g++ clang++; do bash tests/abi/reproducible.sh . $compiler; done
+    echo "library and archive, GCC and Clang"
+}
+
+bash scripts/setup.sh g++ clang make cmake ninja-build libgtest-dev libeigen3-dev librapidcheck-dev \
+    abigail-tools xz-utils
+cmake --preset release -DKYMATH_TESTS=ON --log-level=WARNING
+cmake --build --preset release >"$logs/build.log"
+tests=build/release/tests
+functions=$tests/kymath_functions_KyMath
+
+promise "Every exported name is tested" 'names' \
+    bash tests/functions/complete.sh $tests/CMakeFiles/kymath_function_table.dir/functions/Functions.cpp.o
+promise "Results are the pinned ones" 'compared' bash tests/functions/results.sh $functions
+promise "All builds, all clients: the same bits" 'compared' bash scripts/agree.sh $quick
+promise "libm is called in known places only" 'objects' \
+    bash tests/functions/libm.sh build/release/src/libKyMath.a
+promise "Without memory, nothing is lost or changed" 'failed' $functions --memory
+promise "Eight threads on shared objects" 'threads' $functions --threads
+promise "Laws of geometry" 'PASSED' random_laws "$([[ $quick ]] && echo 1000 || echo 50000)"
+if [[ ! $quick ]]; then
+    for preset in release clang debug asan tsan msan; do
+        promise "Tests: $preset" 'Total Tests' tested $preset
+    done
+fi
+promise "Lines, branches, MC/DC covered" '^Total' bash scripts/coverage.sh
+promise "Binary interface as released" 'unchanged' bash tests/abi/interface.sh .
+promise "Loaded and unloaded" 'rounds' $tests/kymath_unload build/release/src/libKyMath.so
+promise "Hardened" 'RELRO' bash tests/abi/hardened.sh build/release/src/libKyMath.so
+promise "Reproducible, byte by byte" 'archive' reproducible
+promise "Fuzzed, no finding" 'executions in all' bash scripts/fuzz.sh "$([[ $quick ]] && echo 10 || echo 300)"
+exit $status
