@@ -44,7 +44,7 @@ compare() {
 
 for build in "${builds[@]}"; do
     compiler=${build%% *} dir=$out/${build// /}
-    cmake -S "$root" -B "$dir" -G Ninja --log-level=WARNING -DCMAKE_CXX_COMPILER="$compiler" \
+    cmake -S "$root" -B "$dir" -G Ninja -DCMAKE_CXX_COMPILER="$compiler" \
         -DCMAKE_BUILD_TYPE=None -DCMAKE_CXX_FLAGS="${build#* }" -DKYMATH_EXAMPLES=OFF \
         -DCMAKE_AR="$(command -v "$([[ $compiler == g++ ]] && echo gcc-ar || echo llvm-ar)")"
     cmake --build "$dir" --target kymath_functions_KyMath kymath_functions_Static >/dev/null
