@@ -9,7 +9,8 @@
 # names the build and the function. --quick takes a few builds that differ most.
 set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
-bash "$root/scripts/setup.sh" g++ clang llvm make cmake ninja-build libgtest-dev libeigen3-dev librapidcheck-dev
+bash "$root/scripts/setup.sh" g++ clang llvm make cmake ninja-build libgtest-dev \
+    libeigen3-dev librapidcheck-dev
 out=$root/build/agree
 mkdir -p "$out"
 

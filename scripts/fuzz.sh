@@ -8,8 +8,8 @@
 # it finds stays in build/fuzz.
 set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
-bash "$root/scripts/setup.sh" clang make cmake ninja-build libgtest-dev libeigen3-dev libpng-dev \
-    libcli11-dev libassimp-dev librapidcheck-dev
+bash "$root/scripts/setup.sh" clang libclang-rt-dev make cmake ninja-build libgtest-dev \
+    libeigen3-dev librapidcheck-dev libpng-dev libcli11-dev libassimp-dev
 
 cd "$root"
 cmake --preset fuzz --log-level=WARNING

@@ -6,8 +6,8 @@
 # library and the examples with clang-tidy. lint.sh --fix lays them out instead.
 set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
-bash "$root/scripts/setup.sh" g++ make cmake ninja-build libgtest-dev libeigen3-dev librapidcheck-dev \
-    libpng-dev libcli11-dev libassimp-dev clang clang-format clang-tidy
+bash "$root/scripts/setup.sh" g++ make cmake ninja-build libgtest-dev libeigen3-dev \
+    librapidcheck-dev libpng-dev libcli11-dev libassimp-dev clang clang-format clang-tidy
 
 cd "$root"
 mapfile -t sources < <(find include src examples tests -name '*.h' -o -name '*.cpp')

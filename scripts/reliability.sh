@@ -34,13 +34,15 @@ reproducible() {
 
 bash scripts/setup.sh g++ clang make cmake ninja-build libgtest-dev libeigen3-dev librapidcheck-dev \
     abigail-tools xz-utils
-cmake --preset release -DKYMATH_TESTS=ON --log-level=WARNING
+cmake --preset release -DKYMATH_TESTS=ON >"$logs/configure.log"
 cmake --build --preset release >"$logs/build.log"
 tests=build/release/tests
 functions=$tests/kymath_functions_KyMath
+table=$tests/CMakeFiles/kymath_function_table.dir/functions/Functions.cpp.o
+seconds=$([[ $quick ]] && echo 10 || echo 300)
 
 promise "Every exported name is tested" 'names' \
-    bash tests/functions/complete.sh $tests/CMakeFiles/kymath_function_table.dir/functions/Functions.cpp.o
+    bash tests/functions/complete.sh $table
 promise "Results are the pinned ones" 'compared' bash tests/functions/results.sh $functions
 promise "All builds, all clients: the same bits" 'compared' bash scripts/agree.sh $quick
 promise "libm is called in known places only" 'objects' \
@@ -58,5 +60,5 @@ promise "Binary interface as released" 'unchanged' bash tests/abi/interface.sh .
 promise "Loaded and unloaded" 'rounds' $tests/kymath_unload build/release/src/libKyMath.so
 promise "Hardened" 'RELRO' bash tests/abi/hardened.sh build/release/src/libKyMath.so
 promise "Reproducible, byte by byte" 'archive' reproducible
-promise "Fuzzed, no finding" 'executions in all' bash scripts/fuzz.sh "$([[ $quick ]] && echo 10 || echo 300)"
+promise "Fuzzed, no finding" 'executions in all' bash scripts/fuzz.sh "$seconds"
 exit $status

@@ -10,7 +10,9 @@ root=$(cd "$(dirname "$0")/.." && pwd)
 
 bash "$root/scripts/setup.sh" g++ make cmake ninja-build pkg-config libgtest-dev libeigen3-dev \
     librapidcheck-dev libpng-dev libcli11-dev libassimp-dev assimp-testmodels abigail-tools xz-utils
-if [[ " $* " =~ \ (clang|msan)\  ]]; then bash "$root/scripts/setup.sh" clang googletest; fi
+if [[ " $* " =~ \ (clang|msan)\  ]]; then
+    bash "$root/scripts/setup.sh" clang libclang-rt-dev googletest
+fi
 
 cd "$root"
 for preset in "$@"; do
