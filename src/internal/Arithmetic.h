@@ -12,6 +12,11 @@
 #error "KyMath needs float and double evaluated in their own precision (x86-64 with SSE2)"
 #endif
 
+#if defined(__FMA__) && defined(__GNUC__) && !defined(__clang__) && \
+    __GNUC__ * 100 + __GNUC_MINOR__ < 1203 && !defined(KY_FUSES_NOTHING)
+#error "GCC before 12.3 fuses operations for a processor with FMA: needs -fno-tree-slp-vectorize"
+#endif
+
 /// Constants are built before initialisers of ordinary priority, those of a client included that
 /// links the static archive. In the shared library they are ready before any client code anyway.
 #define KY_EARLY_CONSTANT __attribute__((init_priority(101)))
