@@ -82,33 +82,6 @@ V after(V v, F op) {
     return v;
 }
 
-/// The sum of products in index order, from the first product on.
-template <class V>
-ScalarOf<V> dot(const V& a, const V& b) {
-    ScalarOf<V> sum = a[0] * b[0];
-    for (int i = 1; i < kCount<V>; ++i) sum = sum + a[i] * b[i];
-    return sum;
-}
-
-template <class V>
-V scaled(const V& v, ScalarOf<V> s) {
-    return each<V>([&](int i) { return v[i] * s; });
-}
-
-template <class T>
-Vector3T<T> crossed(const Vector3T<T>& a, const Vector3T<T>& b) {
-    return Vector3T<T>(a[1] * b[2] - a[2] * b[1], a[2] * b[0] - a[0] * b[2],
-                       a[0] * b[1] - a[1] * b[0]);
-}
-
-/// The mixed tolerance rule of one pair of numbers: only their difference is formed in T.
-template <class T>
-bool equalWithin(T p, T q, double tol) {
-    const auto d = static_cast<double>(std::abs(p - q));
-    const auto a = static_cast<double>(std::abs(p)), b = static_cast<double>(std::abs(q));
-    return a <= tol || b <= tol ? d <= tol : d / a <= tol && d / b <= tol;
-}
-
 /// Whether V refuses both construction and assignment from each of the types Others.
 template <class V, class... Others>
 constexpr bool kRefuses =
@@ -200,46 +173,7 @@ void expectInPlace(const V& expected, V v, F op) {
     EXPECT_BITS(expected, v);
 }
 
-/// Expects subscript i of v, of every index type and constant or not, to be at stride * i of the
-/// values that v converts to.
-template <class V>
-void expectSubscripts(V& v, int stride = 1) {
-    const auto address = [](const auto& found) -> const void* {
-        if constexpr (std::is_pointer<std::decay_t<decltype(found)>>::value) return found;
-        return &found;
-    };
-    const V& k = v;
-    const ScalarOf<V>* const values = k;
-    EXPECT_EQ(static_cast<const void*>(&v), static_cast<ScalarOf<V>*>(v));
-    EXPECT_EQ(static_cast<const void*>(&v), values);
-    for (int i = 0; i < 4 && i * stride < kCount<V>; ++i) {
-        const auto check = [&](auto index) {
-            EXPECT_EQ(values + i * stride, address(v[index]));
-            EXPECT_EQ(values + i * stride, address(k[index]));
-        };
-        check(i), check(static_cast<unsigned>(i)), check(static_cast<long>(i));
-        check(static_cast<unsigned long>(i));
-    }
-}
-
-/// Expects sums, differences, multiples and the given quotient of a and s by component, returned
-/// and in place.
-template <class V>
-void expectComponentwise(const V& a, const V& b, ScalarOf<V> s, const V& quotient) {
-    const V sum = each<V>([&](int i) { return a[i] + b[i]; });
-    const V difference = each<V>([&](int i) { return a[i] - b[i]; });
-    EXPECT_BITS(sum, a + b);
-    EXPECT_BITS(difference, a - b);
-    EXPECT_BITS(scaled(a, s), a * s);
-    EXPECT_BITS(quotient, a / s);
-    expectInPlace(sum, a, [&](V& v) -> V& { return v += b; });
-    expectInPlace(difference, a, [&](V& v) -> V& { return v -= b; });
-    expectInPlace(scaled(a, s), a, [&](V& v) -> V& { return v *= s; });
-    expectInPlace(quotient, a, [&](V& v) -> V& { return v /= s; });
-}
-
-/// A fixed stream of scalars that leans towards what breaks code: about a quarter are zeros of both
-/// signs, ones, subnormals, huge, infinite or NaN.
+/// A fixed stream of scalars and of what is made of them.
 template <class T>
 class Corpus {
 public:
@@ -251,33 +185,9 @@ public:
                static_cast<T>(10.0 / (1 << 23));
     }
 
-    T any() {
-        static const T kSpecial[] = {T(0),    -T(0),
-                                     T(1),    T(-1),
-                                     kMax<T>, -kMax<T>,
-                                     kInf<T>, -kInf<T>,
-                                     kNaN<T>, std::numeric_limits<T>::denorm_min(),
-                                     kEps<T>, std::numeric_limits<T>::min()};
-        const auto r = static_cast<std::uint32_t>(bits_());
-        if (r % 4 == 0) return kSpecial[(r / 4) % 12];
-        return plain();
-    }
-
     Vector3T<T> vector() {
         const T x = plain(), y = plain(), z = plain();
         return Vector3T<T>(x, y, z);
-    }
-    Vector4T<T> vector4() {
-        const T x = plain(), y = plain(), z = plain(), w = plain();
-        return Vector4T<T>(x, y, z, w);
-    }
-    Vector3T<T> anyVector() {
-        const T x = any(), y = any(), z = any();
-        return Vector3T<T>(x, y, z);
-    }
-    BoundingBoxT<T> anyBox() {
-        const Vector3T<T> min = anyVector(), max = anyVector();
-        return BoundingBoxT<T>(min, max);
     }
     /// A valid box.
     BoundingBoxT<T> box() {
@@ -299,27 +209,9 @@ public:
         return m;
     }
 
-    /// A vector, quaternion or matrix of any() values.
-    template <class V>
-    V anyOf() {
-        return each<V>([this](int) { return any(); });
-    }
-
 private:
     std::mt19937 bits_;
 };
-
-/// Calls f(a, b, s) for 500 pairs of vectors, quaternions or matrices, in turn plain and of any
-/// values, and any scalars.
-template <class V, class F>
-void forCorpus(std::uint32_t seed, F f) {
-    Corpus<ScalarOf<V>> corpus(seed);
-    for (int n = 0; n < 500; ++n) {
-        const auto next = [&](int) { return n % 2 == 0 ? corpus.plain() : corpus.any(); };
-        const V a = each<V>(next), b = each<V>(next);
-        f(a, b, corpus.any());
-    }
-}
 
 }  // namespace test
 }  // namespace KyMath
