@@ -1,0 +1,212 @@
+// SPDX-FileCopyrightText: 2026 The KyMath authors
+// SPDX-License-Identifier: Apache-2.0
+#ifndef KYMATH_BENCHMARKS_BENCH_H
+#define KYMATH_BENCHMARKS_BENCH_H
+
+#include <benchmark/benchmark.h>
+
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <new>
+#include <string>
+#include <type_traits>
+#include <vector>
+
+namespace bench {
+
+/// How many inputs each operation runs through: nothing of it can be folded.
+constexpr std::size_t kCount = 1024;
+
+/// N values as they stand in memory: input and result of the limits.
+template <class T, std::size_t N>
+struct Values {
+    T v[N];
+};
+
+/// @name Inputs, the same in every program and source
+/// Sequences of T, several of which make up a value of a library.
+/// @{
+
+/// n values in [low, high), the same for the same seed.
+template <class T>
+std::vector<T> numbers(std::size_t n, double low, double high, std::uint64_t seed) {
+    std::vector<T> values(n);
+    for (T& x : values) {
+        seed = seed * 6364136223846793005u + 1442695040888963407u;
+        x = T(low + (high - low) * (double(seed >> 11) * 0x1p-53));
+    }
+    return values;
+}
+
+/// Unit quaternions w, x, y, z.
+template <class T>
+std::vector<T> quaternions(std::uint64_t seed) {
+    std::vector<T> q = numbers<T>(4 * kCount, -1, 1, seed);
+    for (std::size_t i = 0; i < q.size(); i += 4) {
+        const T norm = std::sqrt(q[i] * q[i] + q[i + 1] * q[i + 1] + q[i + 2] * q[i + 2] +
+                                 q[i + 3] * q[i + 3]);
+        for (std::size_t k = i; k < i + 4; ++k) q[k] /= norm;
+    }
+    return q;
+}
+
+/// Matrices of a rotation, times a scale in [1, maxScale) along each axis, and a translation, column
+/// by column.
+template <class T>
+std::vector<T> transforms(double maxScale, std::uint64_t seed) {
+    const std::vector<T> turns = quaternions<T>(seed);
+    const std::vector<T> scales = numbers<T>(3 * kCount, 1, maxScale, seed + 1);
+    const std::vector<T> moves = numbers<T>(3 * kCount, -10, 10, seed + 2);
+    std::vector<T> matrices(16 * kCount);
+    for (std::size_t i = 0; i < kCount; ++i) {
+        const T* const q = &turns[4 * i];
+        const T w = q[0], x = q[1], y = q[2], z = q[3];
+        const T turn[] = {1 - 2 * (y * y + z * z), 2 * (x * y + w * z), 2 * (x * z - w * y),
+                          2 * (x * y - w * z), 1 - 2 * (x * x + z * z), 2 * (y * z + w * x),
+                          2 * (x * z + w * y), 2 * (y * z - w * x), 1 - 2 * (x * x + y * y)};
+        T* const m = &matrices[16 * i];
+        for (std::size_t c = 0; c < 3; ++c) {
+            for (std::size_t r = 0; r < 3; ++r) m[4 * c + r] = turn[3 * c + r] * scales[3 * i + c];
+            m[12 + c] = moves[3 * i + c];
+        }
+        m[15] = 1;
+    }
+    return matrices;
+}
+
+/// Matrices of no special form, and well conditioned.
+template <class T>
+std::vector<T> matrices(std::uint64_t seed) {
+    std::vector<T> m = numbers<T>(16 * kCount, -1, 1, seed);
+    for (std::size_t i = 0; i < m.size(); ++i) m[i] += i % 5 == i / 16 % 5 ? T(3) : T(0);
+    return m;
+}
+
+/// Boxes of which about half overlap: minimum, then maximum.
+template <class T>
+std::vector<T> boxes(std::uint64_t seed) {
+    std::vector<T> b = numbers<T>(6 * kCount, 0, 2, seed);
+    for (std::size_t i = 0; i < b.size(); i += 6) {
+        for (std::size_t k = i; k < i + 3; ++k) b[k + 3] += b[k];
+    }
+    return b;
+}
+/// @}
+
+/// An array of values of a library, each made by make(pointer to its k inputs). It is never freed:
+/// the benchmarks refer to it.
+template <class V, class T, class Make>
+const V* load(const std::vector<T>& inputs, std::size_t k, Make make) {
+    const std::size_t n = inputs.size() / k;
+    V* const values = static_cast<V*>(::operator new(n * sizeof(V), std::align_val_t(64)));
+    for (std::size_t i = 0; i < n; ++i) new (values + i) V(make(&inputs[k * i]));
+    return values;
+}
+
+/// The same for values that are nothing but their inputs.
+template <class V, class T>
+const V* load(const std::vector<T>& inputs) {
+    static_assert(sizeof(V) % sizeof(T) == 0, "made of values of T alone");
+    return load<V>(inputs, sizeof(V) / sizeof(T), [](const T* p) {
+        V v;
+        std::memcpy(static_cast<void*>(&v), p, sizeof(V));
+        return v;
+    });
+}
+
+/// Makes the compiler believe that r is used: where it is for a number, in memory for all else.
+template <class R>
+inline void keep(const R& r) {
+    if constexpr (std::is_floating_point_v<R>) {
+        __asm__ volatile("" : : "x"(r));
+    } else if constexpr (std::is_integral_v<R>) {
+        __asm__ volatile("" : : "r"(r));
+    } else {
+        __asm__ volatile("" : : "m"(r));
+    }
+}
+
+/// Adds a benchmark that calls operation(i) for each i below count.
+template <class F>
+void add(const std::string& name, F operation, std::size_t count = kCount) {
+    benchmark::RegisterBenchmark(name.c_str(), [operation, count](benchmark::State& state) {
+        F local = operation;
+        for ([[maybe_unused]] auto _ : state) {
+            for (std::size_t i = 0; i < count; ++i) {
+                decltype(auto) r = local(i);
+                keep(r);
+            }
+        }
+        state.SetItemsProcessed(state.iterations() * std::int64_t(count));
+    });
+}
+
+/// Adds a benchmark of all items at once: operation() returns its results, an array.
+template <class F>
+void addWhole(const std::string& name, F operation, std::size_t items) {
+    benchmark::RegisterBenchmark(name.c_str(), [operation, items](benchmark::State& state) {
+        F local = operation;
+        for ([[maybe_unused]] auto _ : state) {
+            benchmark::DoNotOptimize(local());
+            benchmark::ClobberMemory();
+        }
+        state.SetItemsProcessed(state.iterations() * std::int64_t(items));
+    });
+}
+
+/// "OPERATION/d/WHO", or f
+template <class T>
+std::string name(const std::string& operation, const std::string& who) {
+    return operation + (std::is_same_v<T, float> ? "/f/" : "/d/") + who;
+}
+
+/// Stops the program unless both results are the same bits.
+inline void demandSame(const std::string& operation, std::size_t i, const void* a, std::size_t size,
+                       const void* b, std::size_t otherSize) {
+    if (size == otherSize && std::memcmp(a, b, size) == 0) return;
+    std::fprintf(stderr, "%s: the limit differs from the library at input %zu\n",
+                 operation.c_str(), i);
+    std::exit(1);
+}
+
+/// Adds an operation of the library and the same arithmetic written inline, after comparing their
+/// results for all inputs.
+template <class T, class Ours, class Limit>
+void ours(const std::string& operation, Ours library, Limit limit) {
+    for (std::size_t i = 0; i < kCount; ++i) {
+        decltype(auto) a = library(i);
+        decltype(auto) b = limit(i);
+        demandSame(operation, i, &a, sizeof a, &b, sizeof b);
+    }
+    add(name<T>(operation, "ours"), library);
+    add(name<T>(operation, "limit"), limit);
+}
+
+/// The same for an operation on all items at once; each of the two has results of its own.
+template <class T, class Ours, class Limit>
+void oursWhole(const std::string& operation, Ours library, Limit limit, std::size_t items) {
+    const auto* const a = library();
+    const auto* const b = limit();
+    demandSame(operation, 0, a, items * sizeof *a, b, items * sizeof *b);
+    addWhole(name<T>(operation, "ours"), library, items);
+    addWhole(name<T>(operation, "limit"), limit, items);
+}
+
+/// Adds the same operation of another library.
+template <class T, class F>
+void peer(const std::string& operation, const std::string& who, F f) {
+    add(name<T>(operation, who), f);
+}
+
+}  // namespace bench
+
+/// Each program defines these two: the operations of the library, and in a source compiled as its
+/// users would those of the others.
+void addOurs();
+void addPeers();
+
+#endif

@@ -1,0 +1,198 @@
+// SPDX-FileCopyrightText: 2026 The KyMath authors
+// SPDX-License-Identifier: Apache-2.0
+#include "Scene.h"
+
+#include <KyMath/BoundingBox.h>
+#include <KyMath/Matrix.h>
+#include <KyMath/Polytope.h>
+#include <KyMath/Transformation.h>
+
+#include <algorithm>
+#include <memory>
+
+using bench::kItems;
+using bench::load;
+using bench::Values;
+using KyMath::BoundingBoxd;
+using KyMath::Polytope;
+
+namespace {
+
+using Flags = std::vector<unsigned char>;
+
+std::vector<KyMath::Planed> viewPlanes() {
+    const auto& [x, y, z] = bench::kEye;
+    const double s = bench::kSpread;
+    return {{s, 1, 0, -s * x - y}, {s, -1, 0, -s * x + y},         {s, 0, 1, -s * x - z},
+            {s, 0, -1, -s * x + z}, {1, 0, 0, -x - bench::kNear}, {-1, 0, 0, x + bench::kFar}};
+}
+
+/// @name What an array call does, as loops of single calls
+/// @{
+void cullAll(Polytope& view, const BoundingBoxd* boxes, std::size_t n, unsigned char* visible) {
+    for (std::size_t i = 0; i < n; ++i) visible[i] = view.contains(boxes[i]);
+}
+
+template <class T>
+void transformAll(const KyMath::Matrix44T<T>& m, const KyMath::Vector3T<T>* points, std::size_t n,
+                  KyMath::Vector3T<T>* results) {
+    for (std::size_t i = 0; i < n; ++i) {
+        results[i] = KyMath::Transformation::transformPositionT(m, points[i]);
+    }
+}
+/// @}
+
+/// Visible unless some plane has the whole box strictly on its negative side: its furthest corner,
+/// unless the nearest is on the positive side, as rounding could have it.
+struct LimitPlane {
+    Values<double, 4> v;
+    unsigned int upper;
+
+    double distance(const Values<double, 6>& b, unsigned int corner) const {
+        const auto at = [&](unsigned int i) { return b.v[(corner >> i & 1) * 3 + i]; };
+        return v.v[0] * at(0) + v.v[1] * at(1) + v.v[2] * at(2) + v.v[3];
+    }
+};
+
+void limitCull(const std::vector<LimitPlane>& planes, const Values<double, 6>* boxes, std::size_t n,
+               unsigned char* visible) {
+    for (std::size_t i = 0; i < n; ++i) {
+        unsigned char seen = 1;
+        for (const LimitPlane& p : planes) {
+            if (0 > p.distance(boxes[i], p.upper) && !(p.distance(boxes[i], ~p.upper & 7) > 0)) {
+                seen = 0;
+                break;
+            }
+        }
+        visible[i] = seen;
+    }
+}
+
+template <class T>
+void limitTransform(const Values<T, 16>& matrix, const Values<T, 3>* points, std::size_t n,
+                    Values<T, 3>* results) {
+    const T* const m = matrix.v;
+    for (std::size_t i = 0; i < n; ++i) {
+        const T* const p = points[i].v;
+        const auto row = [&](int r) { return m[r] * p[0] + m[4 + r] * p[1] + m[8 + r] * p[2] + m[12 + r]; };
+        const T w = row(3);
+        results[i] = {row(0) / w, row(1) / w, row(2) / w};
+    }
+}
+
+/// Boxes in the order of the leaves of a tree: every node is a range of them.
+struct Node {
+    BoundingBoxd box;
+    std::size_t begin, end;
+    std::vector<Node> children;
+};
+
+Node buildTree(std::vector<BoundingBoxd>& boxes, std::size_t begin, std::size_t end) {
+    constexpr std::size_t kChildren = 4;
+    Node node{{}, begin, end, {}};
+    for (std::size_t i = begin; i < end; ++i) node.box += boxes[i];
+    const auto split = [&](std::size_t from, std::size_t to) {
+        BoundingBoxd all;
+        for (std::size_t i = from; i < to; ++i) all += boxes[i];
+        const int axis = all.getBBSize().maxComponentIndex();
+        const std::size_t middle = from + (to - from) / 2;
+        const auto at = [&](std::size_t i) { return boxes.begin() + std::ptrdiff_t(i); };
+        std::nth_element(at(from), at(middle), at(to), [axis](const auto& a, const auto& b) {
+            return a.getMin()[axis] < b.getMin()[axis];
+        });
+        return middle;
+    };
+    if (end - begin > kChildren) {
+        const std::size_t middle = split(begin, end);
+        const std::size_t cuts[] = {begin, split(begin, middle), middle, split(middle, end), end};
+        for (std::size_t k = 0; k < kChildren; ++k) {
+            node.children.push_back(buildTree(boxes, cuts[k], cuts[k + 1]));
+        }
+    }
+    return node;
+}
+
+void cullTree(Polytope& view, const Node& node, const BoundingBoxd* boxes, unsigned char* visible) {
+    const bool seen = view.contains(node.box);
+    if (!seen || view.getCurrentMask() == 0) { // wholly outside, or inside
+        std::fill(visible + node.begin, visible + node.end, static_cast<unsigned char>(seen));
+        return;
+    }
+    view.pushCurrentMask();
+    if (node.children.empty()) {
+        cullAll(view, boxes + node.begin, node.end - node.begin, visible + node.begin);
+    }
+    for (const Node& child : node.children) cullTree(view, child, boxes, visible);
+    view.popCurrentMask();
+}
+
+void addBoxes() {
+    const auto inputs = bench::sceneBoxes();
+    const auto* const boxes = load<BoundingBoxd>(inputs);
+    const auto* const lboxes = load<Values<double, 6>>(inputs);
+    const auto view = std::make_shared<Polytope>(viewPlanes());
+    std::vector<LimitPlane> planes;
+    for (const auto& p : view->getPlanes()) {
+        const auto& v = p.getAsVector4();
+        planes.push_back({{v[0], v[1], v[2], v[3]}, p.upperBBCorner()});
+    }
+    const auto flags = [] { return std::make_shared<Flags>(kItems); };
+
+    bench::oursWhole<double>(
+        "100,000 boxes",
+        [=, out = flags()] {
+            cullAll(*view, boxes, kItems, out->data());
+            return out->data();
+        },
+        [=, out = flags()] {
+            limitCull(planes, lboxes, kItems, out->data());
+            return out->data();
+        },
+        kItems);
+
+    std::vector<BoundingBoxd> sorted(boxes, boxes + kItems);
+    const auto tree = std::make_shared<Node>(buildTree(sorted, 0, kItems));
+    const auto leaves = std::make_shared<std::vector<BoundingBoxd>>(sorted);
+    const auto flat = [=, out = flags()] {
+        cullAll(*view, leaves->data(), kItems, out->data());
+        return out->data();
+    };
+    const auto deep = [=, out = flags()] {
+        cullTree(*view, *tree, leaves->data(), out->data());
+        return out->data();
+    };
+    bench::demandSame("hierarchy", 0, flat(), kItems, deep(), kItems);
+    bench::addWhole("100,000 boxes in a hierarchy/d/flat", flat, kItems);
+    bench::addWhole("100,000 boxes in a hierarchy/d/ours", deep, kItems);
+}
+
+template <class T>
+void addPoints() {
+    using Vector = KyMath::Vector3T<T>;
+    using Limit = Values<T, 3>;
+    const auto inputs = bench::scenePoints<T>();
+    const auto matrix = bench::projection<T>();
+    const auto* const points = load<Vector>(inputs);
+    const auto* const lpoints = load<Limit>(inputs);
+    const auto* const m = load<KyMath::Matrix44T<T>>(matrix);
+    const auto* const lm = load<Values<T, 16>>(matrix);
+    bench::oursWhole<T>(
+        "100,000 points",
+        [=, out = std::make_shared<std::vector<Vector>>(kItems)] {
+            transformAll(*m, points, kItems, out->data());
+            return out->data();
+        },
+        [=, out = std::make_shared<std::vector<Limit>>(kItems)] {
+            limitTransform(*lm, lpoints, kItems, out->data());
+            return out->data();
+        },
+        kItems);
+}
+
+}  // namespace
+
+void addOurs() {
+    addBoxes();
+    addPoints<float>();
+    addPoints<double>();
+}

@@ -1,0 +1,306 @@
+// SPDX-FileCopyrightText: 2026 The KyMath authors
+// SPDX-License-Identifier: Apache-2.0
+#include "Bench.h"
+
+#include <Ky/Ky.h>
+#include <KyMath/Quaternion.h>
+#include <KyMath/Transformation.h>
+
+#include <math.h>  // sincos, an extension of the C library
+
+using bench::load;
+using bench::ours;
+using bench::Values;
+
+namespace {
+
+template <class T>
+using V = Values<T, 3>;
+template <class T>
+using Q = Values<T, 4>;
+template <class T>
+using M = Values<T, 16>;
+
+void sinCos(double x, double& s, double& c) {
+    ::sincos(x, &s, &c);
+}
+void sinCos(float x, float& s, float& c) {
+    ::sincosf(x, &s, &c);
+}
+
+template <class T>
+T dot(const Q<T>& a, const Q<T>& b) {
+    return a.v[0] * b.v[0] + a.v[1] * b.v[1] + a.v[2] * b.v[2] + a.v[3] * b.v[3];
+}
+
+template <class T>
+M<T> eulerToMatrix(const V<T>& angles) {
+    T sx, cx, sy, cy, sz, cz;
+    sinCos(angles.v[2], sz, cz);
+    sinCos(angles.v[1], sy, cy);
+    sinCos(angles.v[0], sx, cx);
+    return {cy * cz, sx * sy * cz + cx * sz, sx * sz - cx * sy * cz, 0,
+            -cy * sz, cx * cz - sx * sy * sz, sx * cz + cx * sy * sz, 0,
+            sy, -sx * cy, cx * cy, 0,
+            0, 0, 0, 1};
+}
+
+template <class T>
+V<T> matrixToEuler(const M<T>& m) {
+    return {std::atan2(-m.v[9], m.v[10]), std::asin(m.v[8]), std::atan2(-m.v[4], m.v[0])};
+}
+
+/// What decomposeT() writes.
+template <class T>
+struct Parts {
+    V<T> scale, rotation, translation;
+    T sign;
+};
+
+template <class T>
+Parts<T> composeAndDecompose(const V<T>& scale, const V<T>& rotation, const V<T>& translation) {
+    M<T> m = eulerToMatrix(rotation);
+    for (int c = 0; c < 3; ++c) {
+        for (int r = 0; r < 4; ++r) m.v[4 * c + r] *= scale.v[c] * 1;
+        m.v[12 + c] = translation.v[c];
+    }
+    const auto minorOf = [&](int a, int b, int c) {
+        const auto e = [&](int i, int j) { return m.v[4 * (j == 0 ? a : j == 1 ? b : c) + 1 + i]; };
+        return e(0, 0) * e(1, 1) * e(2, 2) + e(1, 0) * e(2, 1) * e(0, 2) +
+               e(2, 0) * e(0, 1) * e(1, 2) - e(0, 2) * e(1, 1) * e(2, 0) -
+               e(2, 2) * e(1, 0) * e(0, 1) - e(1, 2) * e(0, 0) * e(2, 1);
+    };
+    const T determinant = m.v[0] * minorOf(1, 2, 3) - m.v[4] * minorOf(0, 2, 3) +
+                          m.v[8] * minorOf(0, 1, 3) - m.v[12] * minorOf(0, 1, 2);
+    Parts<T> p;
+    p.sign = determinant >= 0 ? T(1) : T(-1);
+    p.translation = {m.v[12], m.v[13], m.v[14]};
+    for (int c = 0; c < 3; ++c) {
+        T* const x = m.v + 4 * c;
+        const T square = x[0] * x[0] + x[1] * x[1] + x[2] * x[2] + x[3] * x[3];
+        p.scale.v[c] = std::sqrt(square);
+        const T k = 1 / std::sqrt(square);
+        for (int r = 0; r < 4; ++r) x[r] *= k;
+    }
+    p.rotation = matrixToEuler(m);  // the angles are away from the pole
+    return p;
+}
+
+template <class T>
+Q<T> product(const Q<T>& p, const Q<T>& q) {
+    const T* const a = p.v;
+    const T* const b = q.v;
+    return {a[0] * b[0] - a[1] * b[1] - a[2] * b[2] - a[3] * b[3],
+            a[0] * b[1] + a[1] * b[0] + a[2] * b[3] - a[3] * b[2],
+            a[0] * b[2] + a[2] * b[0] + a[3] * b[1] - a[1] * b[3],
+            a[0] * b[3] + a[3] * b[0] + a[1] * b[2] - a[2] * b[1]};
+}
+
+template <class T>
+V<T> rotate(const Q<T>& q, const V<T>& p) {
+    const T w = q.v[0], x = q.v[1], y = q.v[2], z = q.v[3];
+    const T* const v = p.v;
+    const T a = w * w - (x * x + y * y + z * z);
+    const T b = 2 * (x * v[0] + y * v[1] + z * v[2]);
+    const T c = 2 * w;
+    return {v[0] * a + x * b + (y * v[2] - z * v[1]) * c,
+            v[1] * a + y * b + (z * v[0] - x * v[2]) * c,
+            v[2] * a + z * b + (x * v[1] - y * v[0]) * c};
+}
+
+template <class T>
+Q<T> slerp(const Q<T>& p, Q<T> q, T t) {
+    T cosine = dot(p, q);
+    if (cosine < 0) {
+        cosine = -cosine;
+        for (T& x : q.v) x = -x;
+    }
+    T a = 1 - t;
+    T b = t;
+    if (1 - cosine > T(1e-7)) {
+        const T omega = std::acos(cosine);
+        const T k = 1 / std::sin(omega);
+        a = std::sin(a * omega) * k;
+        b = std::sin(b * omega) * k;
+    }
+    Q<T> r;
+    for (int i = 0; i < 4; ++i) r.v[i] = p.v[i] * a + q.v[i] * b;
+    return r;
+}
+
+template <class T>
+M<T> quaternionToMatrix(const Q<T>& q) {
+    const T norm = std::sqrt(dot(q, q));
+    const T w = q.v[0] / norm, x = q.v[1] / norm, y = q.v[2] / norm, z = q.v[3] / norm;
+    const auto diagonal = [](T sum) { return T(1.0 - double(2 * sum)); };
+    return {diagonal(y * y + z * z), 2 * (x * y + z * w), 2 * (x * z - y * w), 0,
+            2 * (x * y - z * w), diagonal(x * x + z * z), 2 * (y * z + x * w), 0,
+            2 * (x * z + y * w), 2 * (y * z - x * w), diagonal(x * x + y * y), 0,
+            0, 0, 0, 1};
+}
+
+template <class T>
+Q<T> matrixToQuaternion(const M<T>& m) {
+    const auto a = [&](int r, int c) { return m.v[4 * c + r]; };
+    T squares = 0;
+    for (int r = 0; r < 3; ++r) {
+        for (int c = 0; c < 3; ++c) squares += a(r, c) * a(r, c);
+    }
+    const T k = std::sqrt(3 / squares);
+    const T trace = a(0, 0) + a(1, 1) + a(2, 2);
+    if (trace > 0) {
+        const T r = std::sqrt(k * trace + 1);
+        const T f = k / (2 * r);
+        return {r / 2, (a(2, 1) - a(1, 2)) * f, (a(0, 2) - a(2, 0)) * f, (a(1, 0) - a(0, 1)) * f};
+    }
+    int i = a(1, 1) > a(0, 0) ? 1 : 0;
+    if (a(2, 2) > a(i, i)) i = 2;
+    const int j = (i + 1) % 3;
+    const int n = (i + 2) % 3;
+    const T r = std::sqrt((a(i, i) - a(j, j) - a(n, n)) * k + 1);
+    const T f = r != 0 ? k / (2 * r) : T(0);
+    Q<T> q;
+    q.v[0] = (a(n, j) - a(j, n)) * f;
+    q.v[i + 1] = r / 2;
+    q.v[j + 1] = (a(j, i) + a(i, j)) * f;
+    q.v[n + 1] = (a(n, i) + a(i, n)) * f;
+    return q;
+}
+
+/// The first of two rigid transforms, then the second.
+M<double> compound(const M<double>& a, const M<double>& b) {
+    M<double> m;
+    for (int c = 0; c < 4; ++c) {
+        const double* const v = a.v + 4 * c;
+        for (int r = 0; r < 3; ++r) {
+            m.v[4 * c + r] = v[0] * b.v[r] + v[1] * b.v[4 + r] + v[2] * b.v[8 + r];
+        }
+        m.v[4 * c + 3] = 0;
+    }
+    for (int r = 0; r < 3; ++r) m.v[12 + r] += b.v[12 + r];
+    m.v[15] = 1;
+    return m;
+}
+
+/// From order XYZ to ZYX, both static.
+V<double> reorder(const V<double>& angles) {
+    double si, ci, sj, cj, sh, ch;
+    sinCos(-angles.v[0], si, ci);
+    sinCos(-angles.v[1], sj, cj);
+    sinCos(-angles.v[2], sh, ch);
+    const double cc = ci * ch, cs = ci * sh, sc = si * ch, ss = si * sh;
+    const double m00 = cj * ch, m01 = sj * sc - cs, m02 = sj * cc + ss;
+    const double m12 = sj * cs - sc, m22 = cj * ci;
+    const double cy = std::sqrt(m22 * m22 + m12 * m12);  // the angles are away from the pole
+    return {std::atan2(m01, m00), std::atan2(-m02, cy), std::atan2(m12, m22)};
+}
+
+void addRigid() {
+    using Ky::KyEulerAngles;
+    using Ky::KyTransform;
+    const auto inputs = bench::transforms<double>(1, 7);
+    const auto others = bench::transforms<double>(1, 8);
+    const auto angles = bench::numbers<double>(3 * bench::kCount, -1.2, 1.2, 9);
+    const auto* const a = load<KyTransform>(inputs);
+    const auto* const b = load<KyTransform>(others);
+    const auto* const e = load<KyMath::Vector3d>(angles);
+    const auto* const la = load<M<double>>(inputs);
+    const auto* const lb = load<M<double>>(others);
+    const auto* const le = load<V<double>>(angles);
+
+    ours<double>(
+        "rigid compound",
+        [=, t = KyTransform()](std::size_t i) mutable -> const KyTransform& {
+            return t.compound(a[i], b[i]);
+        },
+        [=](std::size_t i) { return compound(la[i], lb[i]); });
+    // A chain of calls on one object: each waits for the one before.
+    ours<double>(
+        "rigid compound chain",
+        [=, t = KyTransform()](std::size_t i) mutable -> const KyTransform& {
+            if (i == 0) t = a[0];
+            return t.postCompound(b[i]);
+        },
+        [=, t = M<double>()](std::size_t i) mutable -> const M<double>& {
+            if (i == 0) t = la[0];
+            return t = compound(t, lb[i]);
+        });
+    ours<double>(
+        "Euler order change",
+        [=](std::size_t i) {
+            return KyEulerAngles::getEulerAngles(e[i], KyEulerAngles::eXYZs, KyEulerAngles::eZYXs);
+        },
+        [=](std::size_t i) { return reorder(le[i]); });
+}
+
+template <class T>
+void addAll() {
+    namespace Transformation = KyMath::Transformation;
+    using Vector = KyMath::Vector3T<T>;
+    using Quaternion = KyMath::QuaternionT<T>;
+    using Matrix = KyMath::Matrix44T<T>;
+    const auto angles = bench::numbers<T>(3 * bench::kCount, -1.2, 1.2, 1);
+    const auto scales = bench::numbers<T>(3 * bench::kCount, 0.5, 2, 2);
+    const auto points = bench::numbers<T>(3 * bench::kCount, -1, 1, 3);
+    const auto times = bench::numbers<T>(bench::kCount, 0, 1, 4);
+    const auto inputs = bench::quaternions<T>(5);
+    const auto others = bench::quaternions<T>(6);
+    const auto turns = bench::transforms<T>(1, 7);
+    const auto* const e = load<Vector>(angles);
+    const auto* const s = load<Vector>(scales);
+    const auto* const p = load<Vector>(points);
+    const auto* const t = load<T>(times);
+    const auto* const a = load<Quaternion>(inputs);
+    const auto* const b = load<Quaternion>(others);
+    const auto* const m = load<Matrix>(turns);
+    const auto* const le = load<V<T>>(angles);
+    const auto* const ls = load<V<T>>(scales);
+    const auto* const lp = load<V<T>>(points);
+    const auto* const la = load<Q<T>>(inputs);
+    const auto* const lb = load<Q<T>>(others);
+    const auto* const lm = load<M<T>>(turns);
+
+    ours<T>(
+        "Euler to matrix",
+        [=](std::size_t i) { return Transformation::createRotationT(e[i][0], e[i][1], e[i][2]); },
+        [=](std::size_t i) { return eulerToMatrix(le[i]); });
+    ours<T>(
+        "matrix to Euler", [=](std::size_t i) { return Transformation::getRotationT(m[i], false); },
+        [=](std::size_t i) { return matrixToEuler(lm[i]); });
+    ours<T>(
+        "compose and decompose",
+        [=](std::size_t i) {
+            struct {
+                Vector scale, rotation, translation;
+                T sign;
+            } r;
+            Transformation::decomposeT(Transformation::composeT(s[i], e[i], p[i], T(1)), r.scale,
+                                       r.rotation, r.translation, r.sign);
+            return r;
+        },
+        [=](std::size_t i) { return composeAndDecompose(ls[i], le[i], lp[i]); });
+    ours<T>(
+        "quaternion product", [=](std::size_t i) { return a[i] * b[i]; },
+        [=](std::size_t i) { return product(la[i], lb[i]); });
+    ours<T>(
+        "quaternion rotate", [=](std::size_t i) { return a[i].rotate(p[i]); },
+        [=](std::size_t i) { return rotate(la[i], lp[i]); });
+    ours<T>(
+        "slerp", [=](std::size_t i) { return a[i].slerp(b[i], t[i]); },
+        [=](std::size_t i) { return slerp(la[i], lb[i], t[i]); });
+    ours<T>(
+        "quaternion to matrix", [=](std::size_t i) { return Transformation::createRotationT(a[i]); },
+        [=](std::size_t i) { return quaternionToMatrix(la[i]); });
+    ours<T>(
+        "matrix to quaternion",
+        [=](std::size_t i) { return Transformation::getRotationAsQuaternionT(m[i], false); },
+        [=](std::size_t i) { return matrixToQuaternion(lm[i]); });
+}
+
+}  // namespace
+
+void addOurs() {
+    addAll<float>();
+    addAll<double>();
+    addRigid();
+}

@@ -1,0 +1,196 @@
+// SPDX-FileCopyrightText: 2026 The KyMath authors
+// SPDX-License-Identifier: Apache-2.0
+#include "Peers.h"
+
+using bench::load;
+using bench::peer;
+
+namespace {
+
+template <class T>
+Eigen::Quaternion<T> eigenTurn(const bench::EigenVector3<T>& e) {
+    using Turn = Eigen::AngleAxis<T>;
+    using V = bench::EigenVector3<T>;
+    return Turn(e[0], V::UnitX()) * Turn(e[1], V::UnitY()) * Turn(e[2], V::UnitZ());
+}
+
+template <class T>
+void addAll() {
+    const auto angles = bench::numbers<T>(3 * bench::kCount, -1.2, 1.2, 1);
+    const auto scales = bench::numbers<T>(3 * bench::kCount, 0.5, 2, 2);
+    const auto points = bench::numbers<T>(3 * bench::kCount, -1, 1, 3);
+    const auto times = bench::numbers<T>(bench::kCount, 0, 1, 4);
+    const auto inputs = bench::quaternions<T>(5);
+    const auto others = bench::quaternions<T>(6);
+    const auto turns = bench::transforms<T>(1, 7);
+    const auto* const t = load<T>(times);
+
+    using E3 = bench::EigenVector3<T>;
+    using E33 = Eigen::Matrix<T, 3, 3>;
+    using EQ = Eigen::Quaternion<T>;
+    const auto* const ee = load<E3>(angles);
+    const auto* const ep = load<E3>(points);
+    const auto* const ea = load<EQ>(inputs, 4, bench::eigenQuaternion<T>);
+    const auto* const eb = load<EQ>(others, 4, bench::eigenQuaternion<T>);
+    const auto* const em = load<bench::EigenMatrix<T>>(turns);
+    peer<T>("Euler to matrix", "Eigen",
+            [=](std::size_t i) { return E33(eigenTurn<T>(ee[i]).toRotationMatrix()); });
+    peer<T>("matrix to Euler", "Eigen", [=](std::size_t i) {
+        return E3(em[i].template topLeftCorner<3, 3>().eulerAngles(0, 1, 2));
+    });
+    peer<T>("quaternion product", "Eigen", [=](std::size_t i) { return ea[i] * eb[i]; });
+    peer<T>("quaternion rotate", "Eigen", [=](std::size_t i) { return E3(ea[i] * ep[i]); });
+    peer<T>("slerp", "Eigen", [=](std::size_t i) { return ea[i].slerp(t[i], eb[i]); });
+    peer<T>("quaternion to matrix", "Eigen",
+            [=](std::size_t i) { return E33(ea[i].toRotationMatrix()); });
+    peer<T>("matrix to quaternion", "Eigen",
+            [=](std::size_t i) { return EQ(em[i].template topLeftCorner<3, 3>()); });
+
+    using G3 = bench::GlmVector3<T>;
+    using G44 = bench::GlmMatrix<T>;
+    using GQ = glm::qua<T>;
+    const auto* const ge = load<G3>(angles);
+    const auto* const gs = load<G3>(scales);
+    const auto* const gp = load<G3>(points);
+    const auto* const ga = load<GQ>(inputs, 4, bench::glmQuaternion<T>);
+    const auto* const gb = load<GQ>(others, 4, bench::glmQuaternion<T>);
+    const auto* const gm = load<G44>(turns);
+    const auto glmMatrix = [](const G3& e) { return glm::eulerAngleXYZ(e.x, e.y, e.z); };
+    peer<T>("Euler to matrix", "GLM", [=](std::size_t i) { return glmMatrix(ge[i]); });
+    peer<T>("matrix to Euler", "GLM", [=](std::size_t i) {
+        G3 r;
+        glm::extractEulerAngleXYZ(gm[i], r.x, r.y, r.z);
+        return r;
+    });
+    peer<T>("compose and decompose", "GLM", [=](std::size_t i) {
+        struct {
+            G3 scale, rotation, translation, skew;
+            bench::GlmVector4<T> perspective;
+        } r;
+        GQ q;
+        const G44 m = glm::scale(glm::translate(G44(1), gp[i]) * glmMatrix(ge[i]), gs[i]);
+        glm::decompose(m, r.scale, q, r.translation, r.skew, r.perspective);
+        r.rotation = glm::eulerAngles(q);
+        return r;
+    });
+    peer<T>("quaternion product", "GLM", [=](std::size_t i) { return ga[i] * gb[i]; });
+    peer<T>("quaternion rotate", "GLM", [=](std::size_t i) { return ga[i] * gp[i]; });
+    peer<T>("slerp", "GLM", [=](std::size_t i) { return glm::slerp(ga[i], gb[i], t[i]); });
+    peer<T>("quaternion to matrix", "GLM", [=](std::size_t i) { return glm::mat4_cast(ga[i]); });
+    peer<T>("matrix to quaternion", "GLM", [=](std::size_t i) { return glm::quat_cast(gm[i]); });
+
+    using I3 = Imath::Vec3<T>;
+    using I44 = Imath::Matrix44<T>;
+    using IQ = Imath::Quat<T>;
+    const auto* const ie = load<I3>(angles);
+    const auto* const is = load<I3>(scales);
+    const auto* const ip = load<I3>(points);
+    const auto* const ia = load<IQ>(inputs);
+    const auto* const ib = load<IQ>(others);
+    const auto* const im = load<I44>(turns);
+    peer<T>("Euler to matrix", "Imath", [=](std::size_t i) {
+        I44 m;
+        m.setEulerAngles(ie[i]);
+        return m;
+    });
+    peer<T>("matrix to Euler", "Imath", [=](std::size_t i) {
+        I3 r;
+        Imath::extractEulerXYZ(im[i], r);
+        return r;
+    });
+    peer<T>("compose and decompose", "Imath", [=](std::size_t i) {
+        struct {
+            I3 scale, shear, rotation, translation;
+        } r;
+        I44 m;
+        m.translate(ip[i]);
+        m.rotate(ie[i]);
+        m.scale(is[i]);
+        Imath::extractSHRT(m, r.scale, r.shear, r.rotation, r.translation, false);
+        return r;
+    });
+    peer<T>("quaternion product", "Imath", [=](std::size_t i) { return ia[i] * ib[i]; });
+    peer<T>("quaternion rotate", "Imath", [=](std::size_t i) { return ip[i] * ia[i]; });
+    peer<T>("slerp", "Imath",
+            [=](std::size_t i) { return Imath::slerpShortestArc(ia[i], ib[i], t[i]); });
+    peer<T>("quaternion to matrix", "Imath", [=](std::size_t i) { return ia[i].toMatrix44(); });
+    peer<T>("matrix to quaternion", "Imath", [=](std::size_t i) { return Imath::extractQuat(im[i]); });
+
+    if constexpr (std::is_same_v<T, double>) {
+        const auto* const be = load<btVector3>(angles, 3, bench::bulletVector);
+        const auto* const bp = load<btVector3>(points, 3, bench::bulletVector);
+        const auto* const ba = load<btQuaternion>(inputs, 4, bench::bulletQuaternion);
+        const auto* const bb = load<btQuaternion>(others, 4, bench::bulletQuaternion);
+        const auto* const bm = load<btTransform>(turns, 16, bench::bulletTransform);
+        peer<T>("Euler to matrix", "Bullet", [=](std::size_t i) {
+            btMatrix3x3 m;
+            m.setEulerZYX(be[i][0], be[i][1], be[i][2]);
+            return m;
+        });
+        peer<T>("matrix to Euler", "Bullet", [=](std::size_t i) {
+            bench::Values<double, 3> r;
+            bm[i].getBasis().getEulerZYX(r.v[0], r.v[1], r.v[2]);
+            return r;
+        });
+        peer<T>("quaternion product", "Bullet", [=](std::size_t i) { return ba[i] * bb[i]; });
+        peer<T>("quaternion rotate", "Bullet",
+                [=](std::size_t i) { return quatRotate(ba[i], bp[i]); });
+        peer<T>("slerp", "Bullet", [=](std::size_t i) { return ba[i].slerp(bb[i], t[i]); });
+        peer<T>("quaternion to matrix", "Bullet", [=](std::size_t i) { return btMatrix3x3(ba[i]); });
+        peer<T>("matrix to quaternion", "Bullet", [=](std::size_t i) {
+            btQuaternion q;
+            bm[i].getBasis().getRotation(q);
+            return q;
+        });
+    }
+}
+
+void addRigid() {
+    const auto inputs = bench::transforms<double>(1, 7);
+    const auto others = bench::transforms<double>(1, 8);
+    const auto angles = bench::numbers<double>(3 * bench::kCount, -1.2, 1.2, 9);
+
+    using Rigid = bench::EigenRigid<double>;
+    const auto* const ea = load<Rigid>(inputs);
+    const auto* const eb = load<Rigid>(others);
+    const auto* const ee = load<Eigen::Vector3d>(angles);
+    peer<double>("rigid compound", "Eigen", [=](std::size_t i) { return Rigid(eb[i] * ea[i]); });
+    peer<double>("rigid compound chain", "Eigen",
+                 [=, t = Rigid()](std::size_t i) mutable -> const Rigid& {
+                     if (i == 0) t = ea[0];
+                     return t = eb[i] * t;
+                 });
+    peer<double>("Euler order change", "Eigen", [=](std::size_t i) {
+        return Eigen::Vector3d(eigenTurn<double>(ee[i]).toRotationMatrix().eulerAngles(2, 1, 0));
+    });
+
+    const auto* const ge = load<glm::dvec3>(angles);
+    peer<double>("Euler order change", "GLM", [=](std::size_t i) {
+        glm::dvec3 r;
+        glm::extractEulerAngleZYX(glm::eulerAngleXYZ(ge[i].x, ge[i].y, ge[i].z), r.x, r.y, r.z);
+        return r;
+    });
+
+    using Euler = Imath::Eulerd;
+    const auto* const ie = load<Imath::V3d>(angles);
+    peer<double>("Euler order change", "Imath", [=](std::size_t i) {
+        return Imath::V3d(Euler(Euler(ie[i], Euler::XYZ), Euler::ZYX));
+    });
+
+    const auto* const ba = load<btTransform>(inputs, 16, bench::bulletTransform);
+    const auto* const bb = load<btTransform>(others, 16, bench::bulletTransform);
+    peer<double>("rigid compound", "Bullet", [=](std::size_t i) { return bb[i] * ba[i]; });
+    peer<double>("rigid compound chain", "Bullet",
+                 [=, t = btTransform()](std::size_t i) mutable -> const btTransform& {
+                     if (i == 0) t = ba[0];
+                     return t = bb[i] * t;
+                 });
+}
+
+}  // namespace
+
+void addPeers() {
+    addAll<float>();
+    addAll<double>();
+    addRigid();
+}

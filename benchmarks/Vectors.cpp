@@ -1,0 +1,76 @@
+// SPDX-FileCopyrightText: 2026 The KyMath authors
+// SPDX-License-Identifier: Apache-2.0
+#include "Bench.h"
+
+#include <KyMath/Vectors.h>
+
+using bench::load;
+using bench::numbers;
+using bench::ours;
+using bench::Values;
+
+namespace {
+
+template <class T>
+void addAll() {
+    using V = KyMath::Vector3T<T>;
+    using L = Values<T, 3>;
+    const auto inputs = numbers<T>(3 * bench::kCount, -1, 1, 1);
+    const auto others = numbers<T>(3 * bench::kCount, -1, 1, 2);
+    const V* const a = load<V>(inputs);
+    const V* const b = load<V>(others);
+    const L* const la = load<L>(inputs);
+    const L* const lb = load<L>(others);
+
+    // A member that does nothing: what a call costs.
+    bench::add(bench::name<T>("call", "ours"), [=](std::size_t i) {
+        a[i].print(nullptr);
+        return 0;
+    });
+    bench::add(bench::name<T>("call", "limit"), [](std::size_t) { return 0; });
+
+    ours<T>(
+        "component access", [=](std::size_t i) { return a[i].y(); },
+        [=](std::size_t i) { return la[i].v[1]; });
+
+    ours<T>(
+        "dot", [=](std::size_t i) { return a[i] * b[i]; },
+        [=](std::size_t i) {
+            const T* const x = la[i].v;
+            const T* const y = lb[i].v;
+            return x[0] * y[0] + x[1] * y[1] + x[2] * y[2];
+        });
+
+    ours<T>(
+        "cross", [=](std::size_t i) { return a[i].cross(b[i]); },
+        [=](std::size_t i) {
+            const T* const x = la[i].v;
+            const T* const y = lb[i].v;
+            return L{x[1] * y[2] - x[2] * y[1], x[2] * y[0] - x[0] * y[2],
+                     x[0] * y[1] - x[1] * y[0]};
+        });
+
+    ours<T>(
+        "normalise",
+        [=](std::size_t i) {
+            V v = a[i];
+            v.normalize();
+            return v;
+        },
+        [=](std::size_t i) {
+            L v = la[i];
+            const T square = v.v[0] * v.v[0] + v.v[1] * v.v[1] + v.v[2] * v.v[2];
+            if (square > 0) {
+                const T r = 1 / std::sqrt(square);
+                for (T& x : v.v) x *= r;
+            }
+            return v;
+        });
+}
+
+}  // namespace
+
+void addOurs() {
+    addAll<float>();
+    addAll<double>();
+}

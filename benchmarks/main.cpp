@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: 2026 The KyMath authors
+// SPDX-License-Identifier: Apache-2.0
+#include "Bench.h"
+
+#include <sched.h>
+
+namespace {
+
+/// To where it runs now: a move to another core would cost its caches.
+void stayOnThisCore() {
+    cpu_set_t set;
+    CPU_ZERO(&set);
+    CPU_SET(static_cast<unsigned int>(sched_getcpu()), &set);
+    sched_setaffinity(0, sizeof set, &set);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    stayOnThisCore();
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
+    addOurs();
+    addPeers();
+    benchmark::RunSpecifiedBenchmarks();
+}
