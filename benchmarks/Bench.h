@@ -27,6 +27,12 @@ struct Values {
     T v[N];
 };
 
+/// Four values that are computed with at once; lane k of a result depends on lane k alone.
+template <class T>
+struct Lanes {
+    typedef T Type __attribute__((vector_size(4 * sizeof(T))));
+};
+
 /// @name Inputs, the same in every program and source
 /// Sequences of T, several of which make up a value of a library.
 /// @{
@@ -54,8 +60,8 @@ std::vector<T> quaternions(std::uint64_t seed) {
     return q;
 }
 
-/// Matrices of a rotation, times a scale in [1, maxScale) along each axis, and a translation, column
-/// by column.
+/// Matrices of a rotation, times a scale in [1, maxScale) along each axis, and a translation,
+/// column by column.
 template <class T>
 std::vector<T> transforms(double maxScale, std::uint64_t seed) {
     const std::vector<T> turns = quaternions<T>(seed);
@@ -65,9 +71,10 @@ std::vector<T> transforms(double maxScale, std::uint64_t seed) {
     for (std::size_t i = 0; i < kCount; ++i) {
         const T* const q = &turns[4 * i];
         const T w = q[0], x = q[1], y = q[2], z = q[3];
-        const T turn[] = {1 - 2 * (y * y + z * z), 2 * (x * y + w * z), 2 * (x * z - w * y),
-                          2 * (x * y - w * z), 1 - 2 * (x * x + z * z), 2 * (y * z + w * x),
-                          2 * (x * z + w * y), 2 * (y * z - w * x), 1 - 2 * (x * x + y * y)};
+        const T turn[] = {
+            1 - 2 * (y * y + z * z), 2 * (x * y + w * z),     2 * (x * z - w * y),
+            2 * (x * y - w * z),     1 - 2 * (x * x + z * z), 2 * (y * z + w * x),
+            2 * (x * z + w * y),     2 * (y * z - w * x),     1 - 2 * (x * x + y * y)};
         T* const m = &matrices[16 * i];
         for (std::size_t c = 0; c < 3; ++c) {
             for (std::size_t r = 0; r < 3; ++r) m[4 * c + r] = turn[3 * c + r] * scales[3 * i + c];
@@ -168,8 +175,8 @@ std::string name(const std::string& operation, const std::string& who) {
 inline void demandSame(const std::string& operation, std::size_t i, const void* a, std::size_t size,
                        const void* b, std::size_t otherSize) {
     if (size == otherSize && std::memcmp(a, b, size) == 0) return;
-    std::fprintf(stderr, "%s: the limit differs from the library at input %zu\n",
-                 operation.c_str(), i);
+    std::fprintf(stderr, "%s: the limit differs from the library at input %zu\n", operation.c_str(),
+                 i);
     std::exit(1);
 }
 
@@ -203,6 +210,16 @@ void peer(const std::string& operation, const std::string& who, F f) {
 }
 
 }  // namespace bench
+
+/// @name The usual form of an operation: an expression of i, the number of the input
+/// @{
+#define KY_OURS(T, operation, expression, limit)              \
+    bench::ours<T>(                                           \
+        operation, [=](std::size_t i) { return expression; }, \
+        [=](std::size_t i) { return limit; })
+#define KY_PEER(T, operation, who, expression) \
+    bench::peer<T>(operation, #who, [=](std::size_t i) { return expression; })
+/// @}
 
 /// Each program defines these two: the operations of the library, and in a source compiled as its
 /// users would those of the others.

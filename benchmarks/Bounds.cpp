@@ -150,7 +150,8 @@ void addFrustum() {
     using KyMath::Matrix44f;
     const Matrix44f projection =
         KyMath::Transformation::createFrustumT<float>(-1, 1.5f, -0.5f, 1, 1, 100);
-    const M<float>* const lp = load<M<float>>(std::vector<float>(projection[0], projection[0] + 16));
+    const M<float>* const lp =
+        load<M<float>>(std::vector<float>(projection[0], projection[0] + 16));
     const auto views = bench::transforms<float>(1, 1);
     const auto* const view = load<Matrix44f>(views);
     const auto* const lv = load<M<float>>(views);
@@ -191,21 +192,11 @@ void addAll() {
             return r;
         },
         [=](std::size_t i) { return transformed(la[i], lm[i]); });
-    ours<T>(
-        "box merge", [=](std::size_t i) { return a[i] + b[i]; },
-        [=](std::size_t i) { return merged(la[i], lb[i]); });
-    ours<T>(
-        "box overlap", [=](std::size_t i) { return a[i].intersects(b[i]); },
-        [=](std::size_t i) { return overlap(la[i], lb[i]); });
-    ours<T>(
-        "line against box", [=](std::size_t i) { return a[i].intersect(o[i], d[i]); },
-        [=](std::size_t i) { return hit(la[i], lo[i], ld[i]); });
-    ours<T>(
-        "plane through points",
-        [=](std::size_t i) {
-            return KyMath::PlaneT<T>(o[i], d[i], o[(i + 1) % bench::kCount]);
-        },
-        [=](std::size_t i) { return throughPoints(lo[i], ld[i], lo[(i + 1) % bench::kCount]); });
+    KY_OURS(T, "box merge", a[i] + b[i], merged(la[i], lb[i]));
+    KY_OURS(T, "box overlap", a[i].intersects(b[i]), overlap(la[i], lb[i]));
+    KY_OURS(T, "line against box", a[i].intersect(o[i], d[i]), hit(la[i], lo[i], ld[i]));
+    KY_OURS(T, "plane through points", KyMath::PlaneT<T>(o[i], d[i], o[(i + 1) % bench::kCount]),
+            throughPoints(lo[i], ld[i], lo[(i + 1) % bench::kCount]));
 }
 
 }  // namespace

@@ -28,11 +28,10 @@ void addAll() {
     const auto* const em = load<Eigen::Transform<T, 3, Eigen::Affine>>(moves);
     const auto* const eo = load<E3>(origins);
     const auto* const ed = load<E3>(directions);
-    peer<T>("box transform", "Eigen", [=](std::size_t i) { return ea[i].transformed(em[i]); });
-    peer<T>("box merge", "Eigen", [=](std::size_t i) { return ea[i].merged(eb[i]); });
-    peer<T>("box overlap", "Eigen", [=](std::size_t i) { return ea[i].intersects(eb[i]); });
-    peer<T>("plane through points", "Eigen",
-            [=](std::size_t i) { return EPlane::Through(eo[i], ed[i], eo[next(i)]); });
+    KY_PEER(T, "box transform", Eigen, ea[i].transformed(em[i]));
+    KY_PEER(T, "box merge", Eigen, ea[i].merged(eb[i]));
+    KY_PEER(T, "box overlap", Eigen, ea[i].intersects(eb[i]));
+    KY_PEER(T, "plane through points", Eigen, EPlane::Through(eo[i], ed[i], eo[next(i)]));
 
     using I3 = Imath::Vec3<T>;
     using IBox = Imath::Box<I3>;
@@ -41,13 +40,13 @@ void addAll() {
     const auto* const im = load<Imath::Matrix44<T>>(moves);
     const auto* const io = load<I3>(origins);
     const auto* const id = load<I3>(directions);
-    peer<T>("box transform", "Imath", [=](std::size_t i) { return Imath::transform(ia[i], im[i]); });
+    KY_PEER(T, "box transform", Imath, Imath::transform(ia[i], im[i]));
     peer<T>("box merge", "Imath", [=](std::size_t i) {
         IBox r = ia[i];
         r.extendBy(ib[i]);
         return r;
     });
-    peer<T>("box overlap", "Imath", [=](std::size_t i) { return ia[i].intersects(ib[i]); });
+    KY_PEER(T, "box overlap", Imath, ia[i].intersects(ib[i]));
     // Of a ray: half of the line. Where the line is hit comes with findEntryAndExitPoints() only.
     peer<T>("line against box", "Imath", [=](std::size_t i) {
         Imath::Line3<T> ray;
@@ -55,8 +54,7 @@ void addAll() {
         ray.dir = id[i];
         return Imath::intersects(ia[i], ray);
     });
-    peer<T>("plane through points", "Imath",
-            [=](std::size_t i) { return Imath::Plane3<T>(io[i], id[i], io[next(i)]); });
+    KY_PEER(T, "plane through points", Imath, Imath::Plane3<T>(io[i], id[i], io[next(i)]));
 
     if constexpr (std::is_same_v<T, double>) {
         const auto box = [](const double* b) {
@@ -78,9 +76,8 @@ void addAll() {
             r.max.setMax(bb[i].max);
             return r;
         });
-        peer<T>("box overlap", "Bullet", [=](std::size_t i) {
-            return TestAabbAgainstAabb2(ba[i].min, ba[i].max, bb[i].min, bb[i].max);
-        });
+        KY_PEER(T, "box overlap", Bullet,
+                TestAabbAgainstAabb2(ba[i].min, ba[i].max, bb[i].min, bb[i].max));
         peer<T>("line against box", "Bullet", [=](std::size_t i) {
             btScalar t = 1e30;
             btVector3 normal;

@@ -23,7 +23,7 @@ using Flags = std::vector<unsigned char>;
 std::vector<KyMath::Planed> viewPlanes() {
     const auto& [x, y, z] = bench::kEye;
     const double s = bench::kSpread;
-    return {{s, 1, 0, -s * x - y}, {s, -1, 0, -s * x + y},         {s, 0, 1, -s * x - z},
+    return {{s, 1, 0, -s * x - y},  {s, -1, 0, -s * x + y},       {s, 0, 1, -s * x - z},
             {s, 0, -1, -s * x + z}, {1, 0, 0, -x - bench::kNear}, {-1, 0, 0, x + bench::kFar}};
 }
 
@@ -71,12 +71,14 @@ void limitCull(const std::vector<LimitPlane>& planes, const Values<double, 6>* b
 template <class T>
 void limitTransform(const Values<T, 16>& matrix, const Values<T, 3>* points, std::size_t n,
                     Values<T, 3>* results) {
-    const T* const m = matrix.v;
+    using V = typename bench::Lanes<T>::Type;
+    V m[4];
+    std::memcpy(m, matrix.v, sizeof m);
     for (std::size_t i = 0; i < n; ++i) {
         const T* const p = points[i].v;
-        const auto row = [&](int r) { return m[r] * p[0] + m[4 + r] * p[1] + m[8 + r] * p[2] + m[12 + r]; };
-        const T w = row(3);
-        results[i] = {row(0) / w, row(1) / w, row(2) / w};
+        const V h = m[0] * p[0] + m[1] * p[1] + m[2] * p[2] + m[3];
+        const V q = h / V{h[3], h[3], h[3], 1};
+        results[i] = {q[0], q[1], q[2]};
     }
 }
 
@@ -114,7 +116,7 @@ Node buildTree(std::vector<BoundingBoxd>& boxes, std::size_t begin, std::size_t 
 
 void cullTree(Polytope& view, const Node& node, const BoundingBoxd* boxes, unsigned char* visible) {
     const bool seen = view.contains(node.box);
-    if (!seen || view.getCurrentMask() == 0) { // wholly outside, or inside
+    if (!seen || view.getCurrentMask() == 0) {  // wholly outside, or inside
         std::fill(visible + node.begin, visible + node.end, static_cast<unsigned char>(seen));
         return;
     }

@@ -15,8 +15,8 @@ void addBoxes() {
     const auto& [x, y, z] = bench::kEye;
     const double s = bench::kSpread * bench::kNear;
     const Imath::M44d camera(0, -1, 0, 0, 0, 0, 1, 0, -1, 0, 0, 0, x, y, z, 1);
-    const Imath::FrustumTest<double> view(
-        Imath::Frustumd(bench::kNear, bench::kFar, -s, s, s, -s), camera);
+    const Imath::FrustumTest<double> view(Imath::Frustumd(bench::kNear, bench::kFar, -s, s, s, -s),
+                                          camera);
     const auto* const boxes = load<Imath::Box3d>(bench::sceneBoxes());
     addWhole(
         "100,000 boxes/d/Imath",

@@ -16,15 +16,23 @@ namespace {
 template <class T>
 using M = Values<T, 16>;
 
+/// Every row of m times (x, y, z, w) in a lane of its own.
+template <class T>
+inline void multiply(const M<T>& m, T x, T y, T z, T w, T* result) {
+    typename bench::Lanes<T>::Type a, b, c, d;
+    std::memcpy(&a, m.v, sizeof a);
+    std::memcpy(&b, m.v + 4, sizeof b);
+    std::memcpy(&c, m.v + 8, sizeof c);
+    std::memcpy(&d, m.v + 12, sizeof d);
+    a = a * x + b * y + c * z + d * w;
+    std::memcpy(result, &a, sizeof a);
+}
+
 template <class T>
 M<T> product(const M<T>& a, const M<T>& b) {
     M<T> m;
-    for (int c = 0; c < 4; ++c) {
-        const T* const s = b.v + 4 * c;
-        for (int r = 0; r < 4; ++r) {
-            m.v[4 * c + r] =
-                a.v[r] * s[0] + a.v[4 + r] * s[1] + a.v[8 + r] * s[2] + a.v[12 + r] * s[3];
-        }
+    for (int c = 0; c < 16; c += 4) {
+        multiply(a, b.v[c], b.v[c + 1], b.v[c + 2], b.v[c + 3], m.v + c);
     }
     return m;
 }
@@ -32,9 +40,7 @@ M<T> product(const M<T>& a, const M<T>& b) {
 template <class T>
 Values<T, 4> byVector(const M<T>& m, T x, T y, T z, T w) {
     Values<T, 4> p;
-    for (int r = 0; r < 4; ++r) {
-        p.v[r] = m.v[r] * x + m.v[4 + r] * y + m.v[8 + r] * z + m.v[12 + r] * w;
-    }
+    multiply(m, x, y, z, w, p.v);
     return p;
 }
 
@@ -55,18 +61,30 @@ T determinant(const M<T>& m) {
            m.v[12] * minorOf(m, kOthers[0], kOthers[3]);
 }
 
+/// Column c of the adjugate holds the minors of the other rows, that of its row k without column k
+/// in lane k.
 template <class T>
 M<T> inverse(const M<T>& m) {
+    using V = typename bench::Lanes<T>::Type;
+    const V signs = {1, -1, 1, -1};
+    V x[4], y[4], z[4];  // of each row, its values in the first, second, third of the other columns
+    for (int r = 0; r < 4; ++r) {
+        const T* const p = m.v + r;
+        x[r] = V{p[4], p[0], p[0], p[0]};
+        y[r] = V{p[8], p[8], p[4], p[4]};
+        z[r] = V{p[12], p[12], p[12], p[8]};
+    }
     M<T> n;
     for (int c = 0; c < 4; ++c) {
-        for (int r = 0; r < 4; ++r) {
-            const T minor = minorOf(m, kOthers[c], kOthers[r]);
-            n.v[4 * c + r] = (r + c) % 2 == 0 ? minor : -minor;
-        }
+        const auto& [i, j, k] = kOthers[c];
+        V minors = x[i] * y[j] * z[k] + x[j] * y[k] * z[i] + x[k] * y[i] * z[j] -
+                   z[i] * y[j] * x[k] - z[k] * x[j] * y[i] - z[j] * x[i] * y[k];
+        minors *= c % 2 == 0 ? signs : -signs;
+        std::memcpy(n.v + 4 * c, &minors, sizeof minors);
     }
     const T det = n.v[0] * m.v[0] + n.v[4] * m.v[1] + n.v[8] * m.v[2] + n.v[12] * m.v[3];
     const T k = std::abs(det) <= std::numeric_limits<T>::epsilon() ? T(1e5) : 1 / det;
-    for (T& x : n.v) x *= k;
+    for (T& value : n.v) value *= k;
     return n;
 }
 
@@ -102,9 +120,7 @@ void addAll() {
     const auto* const lp = load<Values<T, 4>>(points);
     const auto* const lp3 = load<Values<T, 3>>(points);
 
-    ours<T>(
-        "matrix product", [=](std::size_t i) { return Matrix::multiply(a[i], b[i]); },
-        [=](std::size_t i) { return product(la[i], lb[i]); });
+    KY_OURS(T, "matrix product", Matrix::multiply(a[i], b[i]), product(la[i], lb[i]));
     ours<T>(
         "matrix by vector", [=](std::size_t i) { return Matrix::multiplyWithVector(a[i], p[i]); },
         [=](std::size_t i) {
@@ -119,15 +135,9 @@ void addAll() {
             const Values<T, 4> h = byVector(la[i], v[0], v[1], v[2], T(1));
             return Values<T, 3>{h.v[0] / h.v[3], h.v[1] / h.v[3], h.v[2] / h.v[3]};
         });
-    ours<T>(
-        "general inverse", [=](std::size_t i) { return a[i].inverse(); },
-        [=](std::size_t i) { return inverse(la[i]); });
-    ours<T>(
-        "rigid inverse", [=](std::size_t i) { return t[i].inverse_orthogonal(); },
-        [=](std::size_t i) { return rigidInverse(lt[i]); });
-    ours<T>(
-        "determinant", [=](std::size_t i) { return a[i].determinant(); },
-        [=](std::size_t i) { return determinant(la[i]); });
+    KY_OURS(T, "general inverse", a[i].inverse(), inverse(la[i]));
+    KY_OURS(T, "rigid inverse", t[i].inverse_orthogonal(), rigidInverse(lt[i]));
+    KY_OURS(T, "determinant", a[i].determinant(), determinant(la[i]));
 }
 
 }  // namespace

@@ -8,7 +8,6 @@
 
 #include "Bench.h"
 
-#include <Eigen/Dense>
 #include <Imath/ImathBoxAlgo.h>
 #include <Imath/ImathEuler.h>
 #include <Imath/ImathFrustum.h>
@@ -20,6 +19,7 @@
 #include <Imath/ImathVec.h>
 #include <LinearMath/btAabbUtil2.h>
 #include <LinearMath/btTransform.h>
+#include <Eigen/Dense>
 #include <glm/glm.hpp>
 #include <glm/gtc/quaternion.hpp>
 #include <glm/gtx/euler_angles.hpp>

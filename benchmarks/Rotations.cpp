@@ -39,10 +39,22 @@ M<T> eulerToMatrix(const V<T>& angles) {
     sinCos(angles.v[2], sz, cz);
     sinCos(angles.v[1], sy, cy);
     sinCos(angles.v[0], sx, cx);
-    return {cy * cz, sx * sy * cz + cx * sz, sx * sz - cx * sy * cz, 0,
-            -cy * sz, cx * cz - sx * sy * sz, sx * cz + cx * sy * sz, 0,
-            sy, -sx * cy, cx * cy, 0,
-            0, 0, 0, 1};
+    return {cy * cz,
+            sx * sy * cz + cx * sz,
+            sx * sz - cx * sy * cz,
+            0,
+            -cy * sz,
+            cx * cz - sx * sy * sz,
+            sx * cz + cx * sy * sz,
+            0,
+            sy,
+            -sx * cy,
+            cx * cy,
+            0,
+            0,
+            0,
+            0,
+            1};
 }
 
 template <class T>
@@ -133,10 +145,22 @@ M<T> quaternionToMatrix(const Q<T>& q) {
     const T norm = std::sqrt(dot(q, q));
     const T w = q.v[0] / norm, x = q.v[1] / norm, y = q.v[2] / norm, z = q.v[3] / norm;
     const auto diagonal = [](T sum) { return T(1.0 - double(2 * sum)); };
-    return {diagonal(y * y + z * z), 2 * (x * y + z * w), 2 * (x * z - y * w), 0,
-            2 * (x * y - z * w), diagonal(x * x + z * z), 2 * (y * z + x * w), 0,
-            2 * (x * z + y * w), 2 * (y * z - x * w), diagonal(x * x + y * y), 0,
-            0, 0, 0, 1};
+    return {diagonal(y * y + z * z),
+            2 * (x * y + z * w),
+            2 * (x * z - y * w),
+            0,
+            2 * (x * y - z * w),
+            diagonal(x * x + z * z),
+            2 * (y * z + x * w),
+            0,
+            2 * (x * z + y * w),
+            2 * (y * z - x * w),
+            diagonal(x * x + y * y),
+            0,
+            0,
+            0,
+            0,
+            1};
 }
 
 template <class T>
@@ -225,12 +249,9 @@ void addRigid() {
             if (i == 0) t = la[0];
             return t = compound(t, lb[i]);
         });
-    ours<double>(
-        "Euler order change",
-        [=](std::size_t i) {
-            return KyEulerAngles::getEulerAngles(e[i], KyEulerAngles::eXYZs, KyEulerAngles::eZYXs);
-        },
-        [=](std::size_t i) { return reorder(le[i]); });
+    KY_OURS(double, "Euler order change",
+            KyEulerAngles::getEulerAngles(e[i], KyEulerAngles::eXYZs, KyEulerAngles::eZYXs),
+            reorder(le[i]));
 }
 
 template <class T>
@@ -247,6 +268,7 @@ void addAll() {
     const auto others = bench::quaternions<T>(6);
     const auto turns = bench::transforms<T>(1, 7);
     const auto* const e = load<Vector>(angles);
+    const auto* const n = load<T>(angles);
     const auto* const s = load<Vector>(scales);
     const auto* const p = load<Vector>(points);
     const auto* const t = load<T>(times);
@@ -260,13 +282,10 @@ void addAll() {
     const auto* const lb = load<Q<T>>(others);
     const auto* const lm = load<M<T>>(turns);
 
-    ours<T>(
-        "Euler to matrix",
-        [=](std::size_t i) { return Transformation::createRotationT(e[i][0], e[i][1], e[i][2]); },
-        [=](std::size_t i) { return eulerToMatrix(le[i]); });
-    ours<T>(
-        "matrix to Euler", [=](std::size_t i) { return Transformation::getRotationT(m[i], false); },
-        [=](std::size_t i) { return matrixToEuler(lm[i]); });
+    KY_OURS(T, "Euler to matrix",
+            Transformation::createRotationT(n[3 * i], n[3 * i + 1], n[3 * i + 2]),
+            eulerToMatrix(le[i]));
+    KY_OURS(T, "matrix to Euler", Transformation::getRotationT(m[i], false), matrixToEuler(lm[i]));
     ours<T>(
         "compose and decompose",
         [=](std::size_t i) {
@@ -279,22 +298,13 @@ void addAll() {
             return r;
         },
         [=](std::size_t i) { return composeAndDecompose(ls[i], le[i], lp[i]); });
-    ours<T>(
-        "quaternion product", [=](std::size_t i) { return a[i] * b[i]; },
-        [=](std::size_t i) { return product(la[i], lb[i]); });
-    ours<T>(
-        "quaternion rotate", [=](std::size_t i) { return a[i].rotate(p[i]); },
-        [=](std::size_t i) { return rotate(la[i], lp[i]); });
-    ours<T>(
-        "slerp", [=](std::size_t i) { return a[i].slerp(b[i], t[i]); },
-        [=](std::size_t i) { return slerp(la[i], lb[i], t[i]); });
-    ours<T>(
-        "quaternion to matrix", [=](std::size_t i) { return Transformation::createRotationT(a[i]); },
-        [=](std::size_t i) { return quaternionToMatrix(la[i]); });
-    ours<T>(
-        "matrix to quaternion",
-        [=](std::size_t i) { return Transformation::getRotationAsQuaternionT(m[i], false); },
-        [=](std::size_t i) { return matrixToQuaternion(lm[i]); });
+    KY_OURS(T, "quaternion product", a[i] * b[i], product(la[i], lb[i]));
+    KY_OURS(T, "quaternion rotate", a[i].rotate(p[i]), rotate(la[i], lp[i]));
+    KY_OURS(T, "slerp", a[i].slerp(b[i], t[i]), slerp(la[i], lb[i], t[i]));
+    KY_OURS(T, "quaternion to matrix", Transformation::createRotationT(a[i]),
+            quaternionToMatrix(la[i]));
+    KY_OURS(T, "matrix to quaternion", Transformation::getRotationAsQuaternionT(m[i], false),
+            matrixToQuaternion(lm[i]));
 }
 
 }  // namespace

@@ -33,18 +33,14 @@ void addAll() {
     const auto* const ea = load<EQ>(inputs, 4, bench::eigenQuaternion<T>);
     const auto* const eb = load<EQ>(others, 4, bench::eigenQuaternion<T>);
     const auto* const em = load<bench::EigenMatrix<T>>(turns);
-    peer<T>("Euler to matrix", "Eigen",
-            [=](std::size_t i) { return E33(eigenTurn<T>(ee[i]).toRotationMatrix()); });
-    peer<T>("matrix to Euler", "Eigen", [=](std::size_t i) {
-        return E3(em[i].template topLeftCorner<3, 3>().eulerAngles(0, 1, 2));
-    });
-    peer<T>("quaternion product", "Eigen", [=](std::size_t i) { return ea[i] * eb[i]; });
-    peer<T>("quaternion rotate", "Eigen", [=](std::size_t i) { return E3(ea[i] * ep[i]); });
-    peer<T>("slerp", "Eigen", [=](std::size_t i) { return ea[i].slerp(t[i], eb[i]); });
-    peer<T>("quaternion to matrix", "Eigen",
-            [=](std::size_t i) { return E33(ea[i].toRotationMatrix()); });
-    peer<T>("matrix to quaternion", "Eigen",
-            [=](std::size_t i) { return EQ(em[i].template topLeftCorner<3, 3>()); });
+    KY_PEER(T, "Euler to matrix", Eigen, E33(eigenTurn<T>(ee[i]).toRotationMatrix()));
+    KY_PEER(T, "matrix to Euler", Eigen,
+            E3(em[i].template topLeftCorner<3, 3>().eulerAngles(0, 1, 2)));
+    KY_PEER(T, "quaternion product", Eigen, ea[i] * eb[i]);
+    KY_PEER(T, "quaternion rotate", Eigen, E3(ea[i] * ep[i]));
+    KY_PEER(T, "slerp", Eigen, ea[i].slerp(t[i], eb[i]));
+    KY_PEER(T, "quaternion to matrix", Eigen, E33(ea[i].toRotationMatrix()));
+    KY_PEER(T, "matrix to quaternion", Eigen, EQ(em[i].template topLeftCorner<3, 3>()));
 
     using G3 = bench::GlmVector3<T>;
     using G44 = bench::GlmMatrix<T>;
@@ -56,7 +52,7 @@ void addAll() {
     const auto* const gb = load<GQ>(others, 4, bench::glmQuaternion<T>);
     const auto* const gm = load<G44>(turns);
     const auto glmMatrix = [](const G3& e) { return glm::eulerAngleXYZ(e.x, e.y, e.z); };
-    peer<T>("Euler to matrix", "GLM", [=](std::size_t i) { return glmMatrix(ge[i]); });
+    KY_PEER(T, "Euler to matrix", GLM, glmMatrix(ge[i]));
     peer<T>("matrix to Euler", "GLM", [=](std::size_t i) {
         G3 r;
         glm::extractEulerAngleXYZ(gm[i], r.x, r.y, r.z);
@@ -73,11 +69,11 @@ void addAll() {
         r.rotation = glm::eulerAngles(q);
         return r;
     });
-    peer<T>("quaternion product", "GLM", [=](std::size_t i) { return ga[i] * gb[i]; });
-    peer<T>("quaternion rotate", "GLM", [=](std::size_t i) { return ga[i] * gp[i]; });
-    peer<T>("slerp", "GLM", [=](std::size_t i) { return glm::slerp(ga[i], gb[i], t[i]); });
-    peer<T>("quaternion to matrix", "GLM", [=](std::size_t i) { return glm::mat4_cast(ga[i]); });
-    peer<T>("matrix to quaternion", "GLM", [=](std::size_t i) { return glm::quat_cast(gm[i]); });
+    KY_PEER(T, "quaternion product", GLM, ga[i] * gb[i]);
+    KY_PEER(T, "quaternion rotate", GLM, ga[i] * gp[i]);
+    KY_PEER(T, "slerp", GLM, glm::slerp(ga[i], gb[i], t[i]));
+    KY_PEER(T, "quaternion to matrix", GLM, glm::mat4_cast(ga[i]));
+    KY_PEER(T, "matrix to quaternion", GLM, glm::quat_cast(gm[i]));
 
     using I3 = Imath::Vec3<T>;
     using I44 = Imath::Matrix44<T>;
@@ -109,12 +105,11 @@ void addAll() {
         Imath::extractSHRT(m, r.scale, r.shear, r.rotation, r.translation, false);
         return r;
     });
-    peer<T>("quaternion product", "Imath", [=](std::size_t i) { return ia[i] * ib[i]; });
-    peer<T>("quaternion rotate", "Imath", [=](std::size_t i) { return ip[i] * ia[i]; });
-    peer<T>("slerp", "Imath",
-            [=](std::size_t i) { return Imath::slerpShortestArc(ia[i], ib[i], t[i]); });
-    peer<T>("quaternion to matrix", "Imath", [=](std::size_t i) { return ia[i].toMatrix44(); });
-    peer<T>("matrix to quaternion", "Imath", [=](std::size_t i) { return Imath::extractQuat(im[i]); });
+    KY_PEER(T, "quaternion product", Imath, ia[i] * ib[i]);
+    KY_PEER(T, "quaternion rotate", Imath, ip[i] * ia[i]);
+    KY_PEER(T, "slerp", Imath, Imath::slerpShortestArc(ia[i], ib[i], t[i]));
+    KY_PEER(T, "quaternion to matrix", Imath, ia[i].toMatrix44());
+    KY_PEER(T, "matrix to quaternion", Imath, Imath::extractQuat(im[i]));
 
     if constexpr (std::is_same_v<T, double>) {
         const auto* const be = load<btVector3>(angles, 3, bench::bulletVector);
@@ -132,11 +127,10 @@ void addAll() {
             bm[i].getBasis().getEulerZYX(r.v[0], r.v[1], r.v[2]);
             return r;
         });
-        peer<T>("quaternion product", "Bullet", [=](std::size_t i) { return ba[i] * bb[i]; });
-        peer<T>("quaternion rotate", "Bullet",
-                [=](std::size_t i) { return quatRotate(ba[i], bp[i]); });
-        peer<T>("slerp", "Bullet", [=](std::size_t i) { return ba[i].slerp(bb[i], t[i]); });
-        peer<T>("quaternion to matrix", "Bullet", [=](std::size_t i) { return btMatrix3x3(ba[i]); });
+        KY_PEER(T, "quaternion product", Bullet, ba[i] * bb[i]);
+        KY_PEER(T, "quaternion rotate", Bullet, quatRotate(ba[i], bp[i]));
+        KY_PEER(T, "slerp", Bullet, ba[i].slerp(bb[i], t[i]));
+        KY_PEER(T, "quaternion to matrix", Bullet, btMatrix3x3(ba[i]));
         peer<T>("matrix to quaternion", "Bullet", [=](std::size_t i) {
             btQuaternion q;
             bm[i].getBasis().getRotation(q);
@@ -154,15 +148,14 @@ void addRigid() {
     const auto* const ea = load<Rigid>(inputs);
     const auto* const eb = load<Rigid>(others);
     const auto* const ee = load<Eigen::Vector3d>(angles);
-    peer<double>("rigid compound", "Eigen", [=](std::size_t i) { return Rigid(eb[i] * ea[i]); });
+    KY_PEER(double, "rigid compound", Eigen, Rigid(eb[i] * ea[i]));
     peer<double>("rigid compound chain", "Eigen",
                  [=, t = Rigid()](std::size_t i) mutable -> const Rigid& {
                      if (i == 0) t = ea[0];
                      return t = eb[i] * t;
                  });
-    peer<double>("Euler order change", "Eigen", [=](std::size_t i) {
-        return Eigen::Vector3d(eigenTurn<double>(ee[i]).toRotationMatrix().eulerAngles(2, 1, 0));
-    });
+    KY_PEER(double, "Euler order change", Eigen,
+            Eigen::Vector3d(eigenTurn<double>(ee[i]).toRotationMatrix().eulerAngles(2, 1, 0)));
 
     const auto* const ge = load<glm::dvec3>(angles);
     peer<double>("Euler order change", "GLM", [=](std::size_t i) {
@@ -173,13 +166,12 @@ void addRigid() {
 
     using Euler = Imath::Eulerd;
     const auto* const ie = load<Imath::V3d>(angles);
-    peer<double>("Euler order change", "Imath", [=](std::size_t i) {
-        return Imath::V3d(Euler(Euler(ie[i], Euler::XYZ), Euler::ZYX));
-    });
+    KY_PEER(double, "Euler order change", Imath,
+            Imath::V3d(Euler(Euler(ie[i], Euler::XYZ), Euler::ZYX)));
 
     const auto* const ba = load<btTransform>(inputs, 16, bench::bulletTransform);
     const auto* const bb = load<btTransform>(others, 16, bench::bulletTransform);
-    peer<double>("rigid compound", "Bullet", [=](std::size_t i) { return bb[i] * ba[i]; });
+    KY_PEER(double, "rigid compound", Bullet, bb[i] * ba[i]);
     peer<double>("rigid compound chain", "Bullet",
                  [=, t = btTransform()](std::size_t i) mutable -> const btTransform& {
                      if (i == 0) t = ba[0];

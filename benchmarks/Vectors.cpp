@@ -29,9 +29,7 @@ void addAll() {
     });
     bench::add(bench::name<T>("call", "limit"), [](std::size_t) { return 0; });
 
-    ours<T>(
-        "component access", [=](std::size_t i) { return a[i].y(); },
-        [=](std::size_t i) { return la[i].v[1]; });
+    KY_OURS(T, "component access", a[i].y(), la[i].v[1]);
 
     ours<T>(
         "dot", [=](std::size_t i) { return a[i] * b[i]; },

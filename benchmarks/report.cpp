@@ -55,7 +55,8 @@ Times readTimes(const char* path) {
     std::ifstream file(path);
     Times times;
     for (std::string line; std::getline(file, line);) {
-        // "OPERATION/TYPE/WHO_median",iterations,real,cpu,unit,bytes per second,items per second,...
+        // "OPERATION/TYPE/WHO_median",iterations,real,cpu,unit,bytes per second,items per
+        // second,...
         const auto median = line.find("_median\",");
         if (line[0] != '"' || median == std::string::npos) continue;
         const auto who = line.rfind('/', median);
@@ -114,7 +115,8 @@ const char* holds(double x, double most) {
 
 void printTable(const char* title, const std::vector<Row>& rows) {
     std::printf("\n%s\n\n", title);
-    const char* const format = "| %-28s | %-1s | %7s | %-8s | %7s | %5s | %4s | %-5s | %7s | %8s | %-5s |\n";
+    const char* const format =
+        "| %-28s | %-1s | %7s | %-8s | %7s | %5s | %4s | %-5s | %7s | %8s | %-5s |\n";
     std::printf(format, "Operation", "", "ours", "peer", "its", "ratio", "goal", "holds", "limit",
                 "to limit", "holds");
     std::printf("|---|---|--:|---|--:|--:|--:|---|--:|--:|---|\n");
@@ -188,8 +190,9 @@ int main(int argc, char** argv) {
         const std::vector<Goal> goals = readGoals(argv[1]);
         const std::vector<Row> variants[] = {compare(goals, readTimes(argv[2]), true),
                                              compare(goals, readTimes(argv[3]), false)};
-        printTable("Shared library: nanoseconds per item; the limit's ratio is to limit and one call",
-                   variants[0]);
+        printTable(
+            "Shared library: nanoseconds per item; the limit's ratio is to limit and one call",
+            variants[0]);
         printTable("Archive with link-time optimisation: nanoseconds per item", variants[1]);
         draw(argv[4], variants);
     } catch (const std::exception& error) {

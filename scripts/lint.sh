@@ -3,20 +3,21 @@
 # SPDX-License-Identifier: Apache-2.0
 #
 # lint.sh: installs what is missing and checks the layout of all sources with clang-format, and the
-# library and the examples with clang-tidy. lint.sh --fix lays them out instead.
+# library, the examples and the benchmarks with clang-tidy. lint.sh --fix lays them out instead.
 set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
 bash "$root/scripts/setup.sh" g++ make cmake ninja-build libgtest-dev libeigen3-dev \
-    librapidcheck-dev libpng-dev libcli11-dev libassimp-dev clang clang-format clang-tidy
+    librapidcheck-dev libpng-dev libcli11-dev libassimp-dev libbenchmark-dev libglm-dev \
+    libimath-dev libbullet-dev clang clang-format clang-tidy
 
 cd "$root"
-mapfile -t sources < <(find include src examples tests -name '*.h' -o -name '*.cpp')
+mapfile -t sources < <(find include src examples tests benchmarks -name '*.h' -o -name '*.cpp')
 if [[ ${1:-} == --fix ]]; then
     clang-format -i "${sources[@]}"
     exit
 fi
 clang-format --dry-run -Werror "${sources[@]}"
-cmake --preset clang --log-level=WARNING >/dev/null
-find src examples -name '*.cpp' -print0 |
+cmake --preset clang -DKYMATH_BENCHMARKS=ON --log-level=WARNING >/dev/null
+find src examples benchmarks -name '*.cpp' -print0 |
     xargs -0 -n 3 -P "$(nproc)" clang-tidy -p build/clang --quiet 2>&1 |
     { grep -vE '^[0-9]+ warnings? generated' || true; } # in headers of the system
