@@ -119,7 +119,7 @@ template <class V, class T>
 const V* load(const std::vector<T>& inputs) {
     static_assert(sizeof(V) % sizeof(T) == 0, "made of values of T alone");
     return load<V>(inputs, sizeof(V) / sizeof(T), [](const T* p) {
-        V v;
+        V v = V();
         std::memcpy(static_cast<void*>(&v), p, sizeof(V));
         return v;
     });

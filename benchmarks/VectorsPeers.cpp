@@ -3,7 +3,6 @@
 #include "Peers.h"
 
 using bench::load;
-using bench::peer;
 
 namespace {
 
