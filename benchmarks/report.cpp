@@ -110,7 +110,7 @@ std::string number(double x) {
     return x > 0 ? text : "";
 }
 const char* holds(double x, double most) {
-    return x <= 0 || most <= 0 ? "" : x <= most ? "yes" : "no";
+    return x <= 0 || most <= 0 ? "" : x < most + 0.005 ? "yes" : "no";  // as printed
 }
 
 void printTable(const char* title, const std::vector<Row>& rows) {
@@ -138,7 +138,7 @@ void printTable(const char* title, const std::vector<Row>& rows) {
 
 /// Bars of the ratios to the best peer: the shared library above, the archive below.
 void draw(const char* path, const std::vector<Row> (&variants)[2]) {
-    constexpr int kLeft = 230, kUnit = 250, kLine = 20, kTop = 50;
+    constexpr int kLeft = 260, kUnit = 250, kLine = 20, kTop = 50;
     constexpr double kMost = 2.2;
     std::ostringstream bars;
     std::ostringstream labels;
@@ -159,7 +159,8 @@ void draw(const char* path, const std::vector<Row> (&variants)[2]) {
                 bars << "<rect x='" << number(kLeft + kUnit * r.goal - 1) << "' y='" << top
                      << "' width='2' height='7' fill='#222'/>\n";
             }
-            labels << "<text x='" << number(kLeft + width + 4) << "' y='" << top + 7
+            const double free = r.goal * kUnit > width ? r.goal * kUnit : width;
+            labels << "<text x='" << number(kLeft + free + 4) << "' y='" << top + 7
                    << "' font-size='8'>" << number(r.ratio) << " " << r.peer << "</text>\n";
         }
         y += kLine;
