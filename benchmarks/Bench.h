@@ -109,8 +109,8 @@ std::vector<T> boxes(std::uint64_t seed) {
 template <class V, class T, class Make>
 const V* load(const std::vector<T>& inputs, std::size_t k, Make make) {
     const std::size_t n = inputs.size() / k;
-    V* const values = static_cast<V*>(::operator new(n * sizeof(V), std::align_val_t(64)));
-    for (std::size_t i = 0; i < n; ++i) new (values + i) V(make(&inputs[k * i]));
+    V* const values = ::new (std::align_val_t(64)) V[n]();
+    for (std::size_t i = 0; i < n; ++i) values[i] = make(&inputs[k * i]);
     return values;
 }
 
