@@ -39,9 +39,10 @@ void perform(Call& call, Subject& subject) {
     call.threw = !once(subject, result);
     for (std::thread& thread : threads) thread.join();
     for (const Digest& other : others) call.threadsAgree &= other.value() == result.value();
+    const std::uint64_t after = stateOf(subject);
     call.digest.add(result.value());
-    call.digest.add(stateOf(subject));
-    call.unchanged = before == stateOf(subject);
+    call.digest.add(after);
+    call.unchanged = before == after;
 }
 
 }  // namespace test

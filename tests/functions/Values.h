@@ -29,9 +29,6 @@ public:
 
     /// Forgets the earlier values: what follows is for another call.
     void nextCall();
-    bool exhausted() const {
-        return data_ != nullptr && left_ == 0;
-    }
 
     unsigned below(unsigned limit);  ///< Limit at most 256.
     void draw(bool& value);
