@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Scene.h"
 
+#include <KyMath/Batch.h>
 #include <KyMath/BoundingBox.h>
 #include <KyMath/Matrix.h>
 #include <KyMath/Polytope.h>
@@ -27,23 +28,8 @@ std::vector<KyMath::Planed> viewPlanes() {
             {s, 0, -1, -s * x + z}, {1, 0, 0, -x - bench::kNear}, {-1, 0, 0, x + bench::kFar}};
 }
 
-/// @name What an array call does, as loops of single calls
-/// @{
-void cullAll(Polytope& view, const BoundingBoxd* boxes, std::size_t n, unsigned char* visible) {
-    for (std::size_t i = 0; i < n; ++i) visible[i] = view.contains(boxes[i]);
-}
-
-template <class T>
-void transformAll(const KyMath::Matrix44T<T>& m, const KyMath::Vector3T<T>* points, std::size_t n,
-                  KyMath::Vector3T<T>* results) {
-    for (std::size_t i = 0; i < n; ++i) {
-        results[i] = KyMath::Transformation::transformPositionT(m, points[i]);
-    }
-}
-/// @}
-
 /// Visible unless some plane has the whole box strictly on its negative side: its furthest corner,
-/// unless the nearest is on the positive side, as rounding could have it.
+/// unless the nearest is on the positive side, as that of a box turned inside out can be.
 struct LimitPlane {
     Values<double, 4> v;
     unsigned int upper;
@@ -122,7 +108,7 @@ void cullTree(Polytope& view, const Node& node, const BoundingBoxd* boxes, unsig
     }
     view.pushCurrentMask();
     if (node.children.empty()) {
-        cullAll(view, boxes + node.begin, node.end - node.begin, visible + node.begin);
+        KyMath::Batch::cull(view, boxes + node.begin, visible + node.begin, node.end - node.begin);
     }
     for (const Node& child : node.children) cullTree(view, child, boxes, visible);
     view.popCurrentMask();
@@ -143,7 +129,7 @@ void addBoxes() {
     bench::oursWhole<double>(
         "100,000 boxes",
         [=, out = flags()] {
-            cullAll(*view, boxes, kItems, out->data());
+            KyMath::Batch::cull(*view, boxes, out->data(), kItems);
             return out->data();
         },
         [=, out = flags()] {
@@ -156,7 +142,7 @@ void addBoxes() {
     const auto tree = std::make_shared<Node>(buildTree(sorted, 0, kItems));
     const auto leaves = std::make_shared<std::vector<BoundingBoxd>>(sorted);
     const auto flat = [=, out = flags()] {
-        cullAll(*view, leaves->data(), kItems, out->data());
+        for (std::size_t i = 0; i < kItems; ++i) (*out)[i] = view->contains((*leaves)[i]);
         return out->data();
     };
     const auto deep = [=, out = flags()] {
@@ -181,7 +167,7 @@ void addPoints() {
     bench::oursWhole<T>(
         "100,000 points",
         [=, out = std::make_shared<std::vector<Vector>>(kItems)] {
-            transformAll(*m, points, kItems, out->data());
+            KyMath::Batch::transformPositions(*m, points, out->data(), kItems);
             return out->data();
         },
         [=, out = std::make_shared<std::vector<Limit>>(kItems)] {

@@ -11,7 +11,7 @@ bash "$root/scripts/setup.sh" g++ make cmake ninja-build libgtest-dev libeigen3-
     libimath-dev libbullet-dev clang clang-format clang-tidy
 
 cd "$root"
-mapfile -t sources < <(find include src examples tests benchmarks -name '*.h' -o -name '*.cpp')
+mapfile -t sources < <(find include src examples tests benchmarks -name '*.h' -o -name '*.cpp' -o -name '*.inc')
 if [[ ${1:-} == --fix ]]; then
     clang-format -i "${sources[@]}"
     exit

@@ -4,6 +4,7 @@
 #define KYMATH_KYMATH_H
 
 #include <Ky/Ky.h>
+#include <KyMath/Batch.h>
 #include <KyMath/BoundingBox.h>
 #include <KyMath/BoundingSphere.h>
 #include <KyMath/Curves.h>

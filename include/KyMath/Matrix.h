@@ -149,6 +149,9 @@ public:
     /// @}
 
 private:
+    struct Unset {};
+    __attribute__((visibility("hidden"))) explicit Matrix44T(Unset);  // values are not set
+
     T v_[16];  // element (r, c) at 4c + r
 };
 

@@ -4,9 +4,8 @@
 
 #include <KyMath/BoundingSphere.h>
 #include <KyMath/Matrix.h>
-#include <KyMath/Transformation.h>
 
-#include "internal/Arithmetic.h"
+#include "lanes/Kernels.h"
 
 #include <algorithm>
 #include <cmath>
@@ -213,37 +212,17 @@ bool BoundingBoxT<T>::isBetween(T value, T low, T high) {
     return value >= low && high >= value;
 }
 
-namespace {
-
-/// Half the extent that a box of half-extents e has along an axis to which its own axes contribute
-/// by the weights x, y, z.
-template <class T>
-inline T halfExtent(T x, T y, T z, const Vector3T<T>& e) {
-    return std::abs(x) * e[0] + std::abs(y) * e[1] + std::abs(z) * e[2];
-}
-
-}  // namespace
-
 template <class T>
 void BoundingBoxT<T>::transform(const Matrix44T<T>& m) {
-    if (!valid()) return;
-    const Vector3T<T> e = getBBSize() * T(0.5);
-    const Vector3T<T> c = Transformation::transformPositionT(m, center());
-    Vector3T<T> half;
-    for (int i = 0; i < 3; ++i) half[i] = halfExtent(m[0][i], m[1][i], m[2][i], e);
-    set(c - half, c + half);
+    T* const box = reinterpret_cast<T*>(this);  // its six values
+    KY_KERNEL(transformBoxes<T>(m, {box, 0}, {box, 0}, 1));
 }
 
 // Deliberate: the transpose of m's own 3x3 block, not the inverse of a block with scale. Pinned by
 // BoundingBoxTest.
 template <class T>
 void BoundingBoxT<T>::inverseTransform(const Matrix44T<T>& m) {
-    if (!valid()) return;
-    const Vector3T<T> e = getBBSize() * T(0.5);
-    const Vector3T<T> c = Transformation::transformPositionT(m.inverse_orthogonal(), center());
-    Vector3T<T> half;
-    for (int i = 0; i < 3; ++i) half[i] = halfExtent(m[i][0], m[i][1], m[i][2], e);
-    set(c - half, c + half);
+    transform(m.inverse_orthogonal());
 }
 
 template <class T>

@@ -3,6 +3,7 @@
 #include <KyMath/Matrix.h>
 
 #include "internal/Components.h"
+#include "lanes/Kernels.h"
 
 #include <stdexcept>
 #include <type_traits>
@@ -150,15 +151,12 @@ bool Matrix44T<T>::isFinite() const {
 }
 
 template <class T>
+Matrix44T<T>::Matrix44T(Unset) {}
+
+template <class T>
 Matrix44T<T> Matrix44T<T>::multiply(const Matrix44T& a, const Matrix44T& b) {
-    Matrix44T m;
-    for (int c = 0; c < 4; ++c) {
-        const T* const s = b.v_ + 4 * c;
-        for (int r = 0; r < 4; ++r) {
-            m.v_[4 * c + r] =
-                a.v_[r] * s[0] + a.v_[4 + r] * s[1] + a.v_[8 + r] * s[2] + a.v_[12 + r] * s[3];
-        }
-    }
+    Matrix44T m{Unset()};
+    KY_KERNEL(multiply(m.v_, a.v_, b.v_));
     return m;
 }
 template <class T>
@@ -206,71 +204,26 @@ T Matrix44T<T>::determinant3x3(unsigned long r0, unsigned long r1, unsigned long
 
 template <class T>
 T Matrix44T<T>::determinant() const {
-    const Matrix44T& m = *this;
-    return m(0, 0) * determinant3x3(1, 2, 3, 1, 2, 3) - m(0, 1) * determinant3x3(1, 2, 3, 0, 2, 3) +
-           m(0, 2) * determinant3x3(1, 2, 3, 0, 1, 3) - m(0, 3) * determinant3x3(1, 2, 3, 0, 1, 2);
+    return KY_KERNEL(determinant(v_));
 }
-
-namespace {
-
-/// What stands in for 1 / det when a matrix is taken to be singular, but for its sign.
-template <class T>
-struct SingularFactor;
-template <>
-struct SingularFactor<float> {
-    static constexpr float value = 100000.0f;
-};
-// Deliberate: the double nearest to 1 / 1e-5, one unit in the last place below 100000. Pinned by
-// MatrixTest.
-template <>
-struct SingularFactor<double> {
-    static constexpr double value = 99999.999999999985;
-};
-static_assert(SingularFactor<double>::value < 100000, "the comment above describes this value");
-
-template <class T>
-T clampedReciprocal(T det) {
-    constexpr T kFactor = SingularFactor<T>::value;
-    if (std::abs(det) <= std::numeric_limits<T>::epsilon()) return det >= 0 ? kFactor : -kFactor;
-    return 1 / det;
-}
-
-}  // namespace
 
 template <class T>
 Matrix44T<T> Matrix44T<T>::inverse() const {
-    // Element (r, c) of the adjugate is the signed minor without row c and column r of this matrix.
-    static constexpr unsigned long kOthers[4][3] = {{1, 2, 3}, {0, 2, 3}, {0, 1, 3}, {0, 1, 2}};
-    Matrix44T m;
-    for (int c = 0; c < 4; ++c) {
-        const unsigned long(&rows)[3] = kOthers[c];
-        for (int r = 0; r < 4; ++r) {
-            const unsigned long(&columns)[3] = kOthers[r];
-            const T minor = determinant3x3(rows[0], rows[1], rows[2],  //
-                                           columns[0], columns[1], columns[2]);
-            m.v_[4 * c + r] = (r + c) % 2 == 0 ? minor : -minor;
-        }
-    }
-    // Deliberate: along column 0, where determinant() goes along row 0; the two can differ in the
-    // last bits. Pinned by MatrixTest.
-    const T det = m.v_[0] * v_[0] + m.v_[4] * v_[1] + m.v_[8] * v_[2] + m.v_[12] * v_[3];
-    return m *= clampedReciprocal(det);
+    Matrix44T m{Unset()};
+    KY_KERNEL(inverse(m.v_, v_));
+    return m;
 }
 template <class T>
 Matrix44T<T>& Matrix44T<T>::invert() {
-    return *this = inverse();
+    KY_KERNEL(inverse(v_, v_));
+    return *this;
 }
 
 template <class T>
 Matrix44T<T> Matrix44T<T>::inverse_orthogonal() const {
-    const Matrix44T& m = *this;
-    const T* const t = v_ + 12;
-    Matrix44T inv;
-    for (unsigned long i = 0; i < 3; ++i) {
-        for (unsigned long j = 0; j < 3; ++j) inv(i, j) = m(j, i);
-        inv(i, 3) = -(m(0, i) * t[0] + m(1, i) * t[1] + m(2, i) * t[2]);
-    }
-    return inv;
+    Matrix44T m{Unset()};
+    KY_KERNEL(inverseOrthogonal(m.v_, v_));
+    return m;
 }
 
 // Deliberate: the bottom row, where inverse_orthogonal() takes the translation, and the rows of R,

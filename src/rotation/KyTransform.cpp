@@ -7,6 +7,7 @@
 
 #include "internal/Components.h"
 #include "internal/RotationToQuaternion.h"
+#include "lanes/Kernels.h"
 
 #include <type_traits>
 
@@ -229,10 +230,6 @@ namespace {
 double rowTimes(const double* m, int r, const double* v) {
     return v[0] * m[r] + v[1] * m[4 + r] + v[2] * m[8 + r];
 }
-/// Column c of the 3x3 block of m, times v: row c of its transpose.
-double columnTimes(const double* m, int c, const double* v) {
-    return v[0] * m[4 * c] + v[1] * m[4 * c + 1] + v[2] * m[4 * c + 2];
-}
 
 }  // namespace
 
@@ -244,46 +241,35 @@ Vector3d KyTransform::transformDirection(const Vector3d& d) const {
 }
 
 KyTransform& KyTransform::compound(const KyTransform& a, const KyTransform& b) {
-    for (int r = 0; r < 3; ++r) {
-        for (int c = 0; c < 3; ++c) v_[4 * c + r] = rowTimes(b, r, a.v_ + 4 * c);
-        v_[12 + r] = rowTimes(b, r, a.v_ + 12) + b.v_[12 + r];
-    }
+    KY_KERNEL(compound(v_, v_, a.v_, b.v_));
     return *this;
 }
-
 KyTransform& KyTransform::compoundFirstThenInverseSecond(const KyTransform& a,
                                                          const KyTransform& b) {
-    const Vector3d d = a.getTranslation() - b.getTranslation();
-    for (int r = 0; r < 3; ++r) {
-        for (int c = 0; c < 3; ++c) v_[4 * c + r] = columnTimes(b, r, a.v_ + 4 * c);
-        v_[12 + r] = columnTimes(b, r, d);
-    }
+    KY_KERNEL(compoundFirstThenInverseSecond(v_, v_, a.v_, b.v_));
     return *this;
 }
-
 KyTransform& KyTransform::compoundInverseFirstThenSecond(const KyTransform& a,
                                                          const KyTransform& b) {
-    for (int r = 0; r < 3; ++r) {
-        for (int c = 0; c < 3; ++c) {
-            const double rowOfA[] = {a.v_[c], a.v_[4 + c], a.v_[8 + c]};
-            v_[4 * c + r] = rowTimes(b, r, rowOfA);
-        }
-    }
-    for (int r = 0; r < 3; ++r) v_[12 + r] = b.v_[12 + r] - rowTimes(v_, r, a.v_ + 12);
+    KY_KERNEL(compoundInverseFirstThenSecond(v_, v_, a.v_, b.v_));
     return *this;
 }
 
 KyTransform& KyTransform::postCompound(const KyTransform& o) {
-    return *this = KyTransform().compound(*this, o);
+    KY_KERNEL(compound(v_, kIdentity.v_, v_, o.v_));
+    return *this;
 }
 KyTransform& KyTransform::postCompoundWithInverse(const KyTransform& o) {
-    return *this = KyTransform().compoundFirstThenInverseSecond(*this, o);
+    KY_KERNEL(compoundFirstThenInverseSecond(v_, kIdentity.v_, v_, o.v_));
+    return *this;
 }
 KyTransform& KyTransform::preCompound(const KyTransform& o) {
-    return *this = KyTransform().compound(o, *this);
+    KY_KERNEL(compound(v_, kIdentity.v_, o.v_, v_));
+    return *this;
 }
 KyTransform& KyTransform::preCompoundWithInverse(const KyTransform& o) {
-    return *this = KyTransform().compoundInverseFirstThenSecond(o, *this);
+    KY_KERNEL(compoundInverseFirstThenSecond(v_, kIdentity.v_, o.v_, v_));
+    return *this;
 }
 
 KyTransform& KyTransform::interpolateRotation(const KyTransform& a, const KyTransform& b,

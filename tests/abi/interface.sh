@@ -11,7 +11,7 @@ work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 stored=$(cd "$(dirname "$0")" && pwd)/KyMath.abi.xz
 cd "$1"
-g++ -std=c++17 -g -O1 -fPIC -shared -fvisibility=hidden -ffp-contract=off \
+g++ -std=c++17 -g -O1 -fPIC -shared -fvisibility=hidden -ffp-contract=off -Wno-psabi \
     -Iinclude -Isrc src/*/*.cpp -Wl,--version-script=cmake/KyMath.map -Wl,-soname,libKyMath.so.1 \
     -o "$work/libKyMath.so"
 

@@ -587,6 +587,82 @@ void addCurves(Table& table) {
     STATIC(bool, KyMath, CreateCurve, (eCurveType, const Points&, unsigned, Points&));
 }
 
+/// The functions on arrays, with seven elements. Bytes of results are packed into a number.
+namespace batch {
+
+template <class V>
+using Array = std::array<V, 7>;
+
+template <class Byte>
+std::uint64_t pack(const Array<Byte>& bytes) {
+    std::uint64_t packed = 0;
+    for (const Byte b : bytes) packed = packed << 8 | static_cast<unsigned char>(b);
+    return packed;
+}
+
+template <class T>
+void transformPositions(const Matrix44T<T>& m, const Array<Vector3T<T>>& in,
+                        Array<Vector3T<T>>& out) {
+    Batch::transformPositions(m, in.data(), out.data(), in.size());
+}
+template <class T>
+void transformDirections(const Matrix44T<T>& m, const Array<Vector3T<T>>& in,
+                         Array<Vector3T<T>>& out) {
+    Batch::transformDirections(m, in.data(), out.data(), in.size());
+}
+template <class T>
+void transformBoxes(const Matrix44T<T>& m, const Array<BoundingBoxT<T>>& in,
+                    Array<BoundingBoxT<T>>& out) {
+    Batch::transformBoxes(m, in.data(), out.data(), in.size());
+}
+template <class T>
+void multiply(const Array<Matrix44T<T>>& a, const Array<Matrix44T<T>>& b,
+              Array<Matrix44T<T>>& out) {
+    Batch::multiply(a.data(), b.data(), out.data(), a.size());
+}
+template <class T>
+void multiplyByOne(const Matrix44T<T>& a, const Array<Matrix44T<T>>& b, Array<Matrix44T<T>>& out) {
+    Batch::multiply(a, b.data(), out.data(), b.size());
+}
+void compound(const Array<Ky::KyTransform>& a, const Array<Ky::KyTransform>& b,
+              Array<Ky::KyTransform>& out) {
+    Batch::compound(a.data(), b.data(), out.data(), a.size());
+}
+template <class T>
+std::uint64_t classify(const PlaneT<T>& plane, const Array<BoundingBoxT<T>>& boxes) {
+    Array<signed char> sides;
+    Batch::classify(plane, boxes.data(), sides.data(), boxes.size());
+    return pack(sides);
+}
+std::uint64_t cull(const Polytope& region, const Array<BoundingBoxd>& boxes) {
+    Array<unsigned char> visible;
+    Batch::cull(region, boxes.data(), visible.data(), boxes.size());
+    return pack(visible);
+}
+
+template <class T>
+void add(Table& table) {
+    using M = Matrix44T<T>;
+    using Matrices = Array<M>;
+    using Vectors = Array<Vector3T<T>>;
+    using Boxes = Array<BoundingBoxT<T>>;
+    table.section("bounds", "Batch" + kLetter<T>, 1);
+    STATIC(void, batch, transformPositions<T>, (const M&, const Vectors&, Vectors&));
+    STATIC(void, batch, transformDirections<T>, (const M&, const Vectors&, Vectors&));
+    STATIC(void, batch, transformBoxes<T>, (const M&, const Boxes&, Boxes&));
+    STATIC(void, batch, multiply<T>, (const Matrices&, const Matrices&, Matrices&));
+    STATIC(void, batch, multiplyByOne<T>, (const M&, const Matrices&, Matrices&));
+    STATIC(std::uint64_t, batch, classify<T>, (const PlaneT<T>&, const Boxes&));
+}
+void addDouble(Table& table) {
+    using Transforms = Array<Ky::KyTransform>;
+    table.section("bounds", "Batch", 1);
+    STATIC(void, batch, compound, (const Transforms&, const Transforms&, Transforms&));
+    STATIC(std::uint64_t, batch, cull, (const Polytope&, const Array<BoundingBoxd>&));
+}
+
+}  // namespace batch
+
 template <class T>
 void addTemplates(Table& table) {
     table.section("vector", "Tolerance" + kLetter<T>, 1);
@@ -618,6 +694,9 @@ std::vector<Function> functions() {
     addTransform(table);
     addLines(table);
     addCurves(table);
+    batch::add<float>(table);
+    batch::add<double>(table);
+    batch::addDouble(table);
     return table.functions;
 }
 

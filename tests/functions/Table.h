@@ -106,20 +106,22 @@ struct Argument<E*> {
     }
 };
 
-template <class T>
-struct Argument<const std::array<T, 4>&> {
-    std::array<T, 4> value = {};
+template <class V, std::size_t N>
+struct Argument<std::array<V, N>&> {
+    std::array<V, N> values = {};
 
     void draw(Call& call) {
-        for (T& x : value) call.in.draw(x);
+        for (V& value : values) call.in.draw(value);
     }
-    const std::array<T, 4>& get() {
-        return value;
+    std::array<V, N>& get() {
+        return values;
     }
     void addTo(Digest& digest) const {
-        digest.add(value.data(), 4);
+        digest.add(values.data(), int(N));
     }
 };
+template <class V, std::size_t N>
+struct Argument<const std::array<V, N>&> : Argument<std::array<V, N>&> {};
 
 template <>
 struct Argument<const char*> {

@@ -1,0 +1,92 @@
+// SPDX-FileCopyrightText: 2026 The KyMath authors
+// SPDX-License-Identifier: Apache-2.0
+#ifndef KYMATH_LANES_KERNELS_H
+#define KYMATH_LANES_KERNELS_H
+
+#include "internal/Arithmetic.h"
+
+#include <cstddef>
+
+namespace KyMath {
+namespace internal {
+
+/// Values of T that recur every stride bytes: the first of each element of an array.
+template <class T>
+struct Strided {
+    T* first;
+    std::size_t stride;
+};
+
+/// A plane: its coefficients, and the corners of a box that are furthest on its positive and on its
+/// negative side.
+template <class T>
+struct Side {
+    T v[4];
+    unsigned int upper, lower;
+};
+
+/// The instructions that kernels are compiled for: those of every x86-64, or AVX2 besides.
+enum class Set { plain, avx2 };
+
+/// The inner parts of the functions that gain from wider instructions. Kernels.inc defines them,
+/// and is compiled once for each set: the same operations in the same order, and so the same bits.
+///
+/// Matrices and rigid transforms are 16 values, element (r, c) at 4c + r; a box is its minimum and
+/// its maximum, 6 values. Operands are read as a whole before a result is written, in arrays
+/// element by element: a result may take the place of an operand.
+template <Set S>
+struct Kernels {
+    /// m = a b
+    template <class T>
+    static void multiply(T* m, const T* a, const T* b);
+    template <class T>
+    static T determinant(const T* a);
+    template <class T>
+    static void inverse(T* m, const T* a);
+    template <class T>
+    static void inverseOrthogonal(T* m, const T* a);
+
+    /// @name Rows 0 to 2 of t; row 3 is that of last, which may be t
+    /// @{
+    static void compound(double* t, const double* last, const double* a, const double* b);
+    static void compoundFirstThenInverseSecond(double* t, const double* last, const double* a,
+                                               const double* b);
+    static void compoundInverseFirstThenSecond(double* t, const double* last, const double* a,
+                                               const double* b);
+    /// @}
+
+    /// @name n elements
+    /// @{
+    template <class T>
+    static void transformPositions(const T* m, Strided<const T> in, Strided<T> out, std::size_t n);
+    template <class T>
+    static void transformDirections(const T* m, Strided<const T> in, Strided<T> out, std::size_t n);
+    template <class T>
+    static void transformBoxes(const T* m, Strided<const T> in, Strided<T> out, std::size_t n);
+    template <class T>
+    static void multiplyAll(Strided<const T> a, Strided<const T> b, Strided<T> m, std::size_t n);
+    static void compoundAll(Strided<const double> a, Strided<const double> b, Strided<double> t,
+                            std::size_t n);
+    /// sides[i] = 1, -1 or 0
+    template <class T>
+    static void classify(const Side<T>& plane, Strided<const T> boxes, signed char* sides,
+                         std::size_t n);
+    /// visible[i] = 0 if the box is wholly outside any of the planes, otherwise 1
+    static void cull(const Side<double>* planes, std::size_t count, Strided<const double> boxes,
+                     unsigned char* visible, std::size_t n);
+    /// @}
+};
+
+/// Whether the processor has AVX2: asked when the library is loaded, false before.
+extern bool hasAvx2;
+
+}  // namespace internal
+}  // namespace KyMath
+
+/// Calls the kernel for this processor: KY_KERNEL(multiply(m, a, b)).
+#define KY_KERNEL(...)                                                             \
+    (::KyMath::internal::hasAvx2                                                   \
+         ? ::KyMath::internal::Kernels<::KyMath::internal::Set::avx2>::__VA_ARGS__ \
+         : ::KyMath::internal::Kernels<::KyMath::internal::Set::plain>::__VA_ARGS__)
+
+#endif

@@ -1,0 +1,22 @@
+// SPDX-FileCopyrightText: 2026 The KyMath authors
+// SPDX-License-Identifier: Apache-2.0
+#define KY_SET Set::plain
+#include "lanes/Kernels.inc"
+
+namespace KyMath {
+namespace internal {
+
+bool hasAvx2 = false;
+
+namespace {
+
+// Ahead of all initialisers of ordinary priority.
+__attribute__((constructor(101))) void askProcessor() {
+    __builtin_cpu_init();
+    hasAvx2 = __builtin_cpu_supports("avx2");
+}
+
+}  // namespace
+
+}  // namespace internal
+}  // namespace KyMath
