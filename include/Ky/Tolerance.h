@@ -28,7 +28,7 @@ template <>
 const double KY_SMALL_REAL<double>::epsilon;
 
 /// Whether a and b are equal within e = KY_SMALL_REAL<double>::epsilon, by the library's mixed
-/// rule: with d = |a - b|,
+/// rule, d being |a - b|:
 ///
 ///     d <= e                          when |a| <= e or |b| <= e,
 ///     d / |a| <= e and d / |b| <= e   otherwise.

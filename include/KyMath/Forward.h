@@ -5,6 +5,7 @@
 
 #include <Ky/Export.h>
 
+/// Rigid transforms, Euler angles, and the tolerance that comparisons start from.
 namespace Ky {
 
 class KY_API KyTransform;

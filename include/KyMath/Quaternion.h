@@ -33,7 +33,7 @@ public:
     QuaternionT(const QuaternionT& q) = default;
     /// Not from a vector, which has another component order, nor from a matrix or rigid transform,
     /// whose first column it would take (see Transformation::getRotationAsQuaternionT and
-    /// KyTransform::toQuaternion), nor from 0 or nullptr.
+    /// Ky::KyTransform::toQuaternion), nor from 0 or nullptr.
     template <class U, typename internal::NotAQuaternion<U>::type = 0>
     QuaternionT(const U&) = delete;
     QuaternionT(int) = delete;

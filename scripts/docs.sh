@@ -1,0 +1,21 @@
+#!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 The KyMath authors
+# SPDX-License-Identifier: Apache-2.0
+#
+# docs.sh: installs what is missing and turns the headers, the README and docs into pages to browse,
+# build/docs/html/index.html. It fails for a warning of Doxygen and for a link that leads nowhere.
+set -euo pipefail
+root=$(cd "$(dirname "$0")/.." && pwd)
+bash "$root/scripts/setup.sh" doxygen doxygen-awesome-css python3
+
+cd "$root"
+rm -rf build/docs
+mkdir -p build/docs
+doxygen docs/Doxyfile
+cd build/docs/html
+status=0
+for target in $(grep -ohE '(href|src)="[^":#]+["#]' *.html | cut -d '"' -f 2 | tr -d '#' | sort -u); do
+    [[ -e $target ]] || { echo "a link leads nowhere: $target" && status=1; }
+done
+((status)) || echo "build/docs/html/index.html"
+exit $status
