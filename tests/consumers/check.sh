@@ -3,8 +3,7 @@
 # SPDX-License-Identifier: Apache-2.0
 #
 # check.sh SOURCE_DIR BUILD_DIR COMPILER: the library is usable by every way that is offered: as an
-# installed package (in a prefix that was moved), as a subdirectory, by FetchContent, by pkg-config and
-# as the README shows.
+# installed package (in a prefix that was moved), as a subdirectory, by FetchContent and by pkg-config.
 set -euo pipefail
 source=$1
 build=$2
@@ -46,13 +45,6 @@ flags=$(pkg-config --cflags --libs KyMath)
 # shellcheck disable=SC2086  # the flags are words
 "$compiler" -std=c++11 "$consumer/main.cpp" $flags -o "$work/plain"
 LD_LIBRARY_PATH=$library_dir "$work/plain"
-
-# The program in the README compiles as shown and prints what is said there.
-block() { awk -v fence="\`\`\`$1" '$0 == fence {on = 1; next} /^```/ {on = 0} on' "$source/README.md"; }
-block cpp >"$work/readme.cpp"
-# shellcheck disable=SC2086
-"$compiler" "$work/readme.cpp" $flags -o "$work/readme"
-diff <(block text) <(LD_LIBRARY_PATH=$library_dir "$work/readme")
 
 readelf -dW "$library_dir/libKyMath.so" | grep -q 'soname: \[libKyMath.so.1\]'
 [[ $(readlink -f "$library_dir/libKyMath.so") == */libKyMath.so.1.0.0 ]]
