@@ -133,12 +133,15 @@ T BoundingBoxT<T>::radius2() const {
 
 namespace {
 
-/// Grows [min, max] to hold [low, high], which may be of the wider type W: compared there, narrowed
-/// when stored. A NaN changes nothing.
+// The bounds of an interval that grows to hold another value, which may be of the wider type W:
+// compared there, narrowed when taken. A NaN changes nothing.
 template <class T, class W>
-inline void grow(T& min, T& max, W low, W high) {
-    if (W(min) > low) min = T(low);
-    if (high > W(max)) max = T(high);
+inline T lower(T min, W low) {
+    return W(min) > low ? T(low) : min;
+}
+template <class T, class W>
+inline T higher(T max, W high) {
+    return high > W(max) ? T(high) : max;
 }
 
 }  // namespace
@@ -146,7 +149,7 @@ inline void grow(T& min, T& max, W low, W high) {
 template <class T>
 void BoundingBoxT<T>::expandBy(T x, T y, T z) {
     const Vector3T<T> p(x, y, z);
-    for (int i = 0; i < 3; ++i) grow(min_[i], max_[i], p[i], p[i]);
+    *this += BoundingBoxT(p, p);
 }
 // Deliberate: a sphere with a negative radius is merged like any other, and can move a corner.
 // Pinned by BoundingBoxTest.
@@ -154,16 +157,20 @@ template <class T>
 void BoundingBoxT<T>::expandBy(const BoundingSphere& s) {
     const Vector3T<double> c = s.center();
     const double r = s.radius();
-    for (int i = 0; i < 3; ++i) grow(min_[i], max_[i], c[i] - r, c[i] + r);
+    for (int i = 0; i < 3; ++i) {
+        min_[i] = lower(min_[i], c[i] - r);
+        max_[i] = higher(max_[i], c[i] + r);
+    }
 }
 template <class T>
 BoundingBoxT<T>& BoundingBoxT<T>::operator+=(const BoundingBoxT& b) {
-    for (int i = 0; i < 3; ++i) grow(min_[i], max_[i], b.min_[i], b.max_[i]);
-    return *this;
+    return *this = *this + b;
 }
 template <class T>
 BoundingBoxT<T> BoundingBoxT<T>::operator+(const BoundingBoxT& b) const {
-    return BoundingBoxT(*this) += b;
+    return BoundingBoxT(lower(min_[0], b.min_[0]), lower(min_[1], b.min_[1]),
+                        lower(min_[2], b.min_[2]), higher(max_[0], b.max_[0]),
+                        higher(max_[1], b.max_[1]), higher(max_[2], b.max_[2]));
 }
 template <class T>
 BoundingBoxT<T>& BoundingBoxT<T>::operator+=(const BoundingSphere& s) {

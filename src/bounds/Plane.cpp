@@ -109,11 +109,12 @@ void PlaneT<T>::makeUnitLength() {
 template <class T>
 unsigned int PlaneT<T>::calculateUpperLowerBBCorners() {
     constexpr T kEpsilon = std::numeric_limits<T>::epsilon();
-    upper_ = 0;
+    unsigned int upper = 0;
     for (int i = 0; i < 3; ++i) {
-        if (!(kEpsilon > v_[i])) upper_ |= 1u << i;  // also set by a NaN
+        upper |= static_cast<unsigned int>(!(kEpsilon > v_[i])) << i;  // also set by a NaN
     }
-    lower_ = ~upper_ & 7u;
+    upper_ = upper;
+    lower_ = ~upper & 7u;
     return lower_;
 }
 template <class T>

@@ -56,6 +56,22 @@ std::size_t controlIndex(std::size_t m, std::size_t segments, std::size_t c, std
     return i < 3 ? 0 : std::min(i - 3, m - 1);
 }
 
+/// What each of four control points weighs at a sample.
+struct Weights {
+    double b[4];
+};
+
+/// The weights at t = j / samples, for all samples of a segment.
+std::vector<Weights> weightsOf(std::size_t samples) {
+    std::vector<Weights> weights(samples);
+    for (std::size_t j = 0; j < samples; ++j) {
+        const double t = double(j) / double(samples);
+        weights[j] = {{(1 - t) * (1 - t) * (1 - t) / 6, (3 * t * t * t - 6 * t * t + 4) / 6,
+                       (3 * t + (3 * t * t - 3 * t * t * t) + 1) / 6, t * t * t / 6}};
+    }
+    return weights;
+}
+
 }  // namespace
 
 bool CreateBSpline(const std::vector<Vector3d>& controls, unsigned int count,
@@ -69,22 +85,21 @@ bool CreateBSpline(const std::vector<Vector3d>& controls, unsigned int count,
     if (m == 2) return CreateLinearInterpolation(controls[0], controls[1], count, out);
 
     const std::vector<Vector3d> p = controls;  // a copy: the controls may be out
+    const Sharing sharing = share(m, count);
+    const std::vector<Weights> weights[] = {weightsOf(sharing.samples),
+                                            weightsOf(sharing.samples + 1)};
     out.reserve(count);
     out.clear();
-    const Sharing sharing = share(m, count);
     if (sharing.start == 1) out.push_back(p[0]);
     for (std::size_t c = 1; c <= sharing.segments; ++c) {
         const auto control = [&](std::size_t j) -> const Vector3d& {
             return p[controlIndex(m, sharing.segments, c, j)];
         };
+        const Vector3d p0 = control(0), p1 = control(1), p2 = control(2), p3 = control(3);
         const std::size_t samples = sharing.samplesOf(c);
         for (std::size_t j = sharing.start; j < samples; ++j) {
-            const double t = double(j) / double(samples);
-            const double b0 = (1 - t) * (1 - t) * (1 - t) / 6;
-            const double b1 = (3 * t * t * t - 6 * t * t + 4) / 6;
-            const double b2 = (3 * t + (3 * t * t - 3 * t * t * t) + 1) / 6;
-            const double b3 = t * t * t / 6;
-            out.push_back(control(0) * b0 + control(1) * b1 + control(2) * b2 + control(3) * b3);
+            const double* const b = weights[samples - sharing.samples][j].b;
+            out.push_back(p0 * b[0] + p1 * b[1] + p2 * b[2] + p3 * b[3]);
         }
     }
     out[0] = p[0];

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <KyMath/Curves.h>
 
-#include "internal/Arithmetic.h"
+#include "lanes/Kernels.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -45,22 +45,38 @@ bool CreateBezier(const Points& controls, unsigned int count, Points& out) {
     if (m == 2) return CreateLinearInterpolation(controls[0], controls[1], count, out);
 
     const Points fixed = controls;  // a copy: the controls may be out
-    Points work(m);
+    std::vector<double> work(internal::bezierWork(m));
     allocate(out, count);
-    const double step = 1.0 / (count - 1);
-    double t = 0;
-    for (Vector3d& sample : out) {
-        work = fixed;
-        for (std::size_t n = m - 1; n > 0; --n) {
-            for (std::size_t j = 0; j < n; ++j) work[j] = work[j] * (1 - t) + work[j + 1] * t;
-        }
-        sample = work[0];
-        t += step;  // accumulated: this fixes the rounding of every sample
-    }
+    KY_KERNEL(bezier(fixed[0], m, 1.0 / (count - 1), work.data(), out[0], count));
     out.front() = fixed.front();
     out.back() = fixed.back();
     return true;
 }
+
+namespace {
+
+/// One segment of a Catmull-Rom spline: twice its coefficients, and its length in knots.
+struct Segment {
+    Segment(const Points& p, const std::vector<double>& u, std::size_t k)
+        : length(u[k + 1] - u[k]) {
+        const Vector3d& p0 = p[k == 0 ? 0 : k - 1];
+        const Vector3d& p1 = p[k];
+        const Vector3d& p2 = p[k + 1];
+        const Vector3d& p3 = p[std::min(k + 2, p.size() - 1)];
+        constant = p1 * 2;
+        linear = p2 - p0;
+        square = p0 * 2 - p1 * 5 + p2 * 4 - p3;
+        cube = p1 * 3 - p0 - p2 * 3 + p3;
+    }
+    Vector3d at(double x) const {
+        return (square * (x * x) + (linear * x + constant) + cube * (x * x * x)) * 0.5;
+    }
+
+    double length;
+    Vector3d constant, linear, square, cube;
+};
+
+}  // namespace
 
 bool CreateCatmullRomSpline(const Points& controls, unsigned int count, Points& out) {
     const std::size_t m = controls.size();
@@ -80,23 +96,18 @@ bool CreateCatmullRomSpline(const Points& controls, unsigned int count, Points& 
 
     const double step = 1.0 / (count - 1);
     std::size_t k = 0;
+    Segment segment(p, u, k);
     for (unsigned int i = 0; i < count; ++i) {
         const double s = i * step;
         // Deliberate: one segment at most. Pinned by CurvesTest.
-        if (s > u[k + 1]) ++k;
-        const Vector3d& p0 = p[k == 0 ? 0 : k - 1];
-        const Vector3d& p1 = p[k];
-        const Vector3d& p2 = p[k + 1];
-        const Vector3d& p3 = p[std::min(k + 2, m - 1)];
-        const double x = (s - u[k]) / (u[k + 1] - u[k]);
+        if (s > u[k + 1]) segment = Segment(p, u, ++k);
+        const double x = (s - u[k]) / segment.length;
         if (x < 1e-8) {
-            out[i] = p1;
+            out[i] = p[k];
         } else if (x > 0.99999999) {
-            out[i] = p2;
+            out[i] = p[k + 1];
         } else {
-            out[i] = ((p0 * 2 - p1 * 5 + p2 * 4 - p3) * (x * x) + ((p2 - p0) * x + p1 * 2) +
-                      (p1 * 3 - p0 - p2 * 3 + p3) * (x * x * x)) *
-                     0.5;
+            out[i] = segment.at(x);
         }
     }
     return true;

@@ -32,12 +32,24 @@ template <>
 struct LaneTypes<double> {
     typedef double Values __attribute__((vector_size(32)));
     typedef double Pair __attribute__((vector_size(16)));
-    typedef long long Bits __attribute__((vector_size(32)));
-    static constexpr long long kSign = std::numeric_limits<long long>::min();
+    typedef long Bits __attribute__((vector_size(32)));
+    static constexpr long kSign = std::numeric_limits<long>::min();
 };
 
 template <class T>
 using Lanes = typename LaneTypes<T>::Values;
+/// As many lanes as a register holds, at least four.
+#ifdef __AVX__
+template <class T>
+struct WideTypes {
+    typedef T Values __attribute__((vector_size(32)));
+};
+#else
+template <class T>
+struct WideTypes : LaneTypes<T> {};
+#endif
+template <class T>
+using WideLanes = typename WideTypes<T>::Values;
 /// A comparison has all bits of a lane set where it holds.
 template <class T>
 using LaneBits = typename LaneTypes<T>::Bits;
@@ -79,18 +91,24 @@ KY_INLINE Lanes<T> flip(Lanes<T> v, LaneBits<T> signs) {
 }
 
 /// Bit k is set where the comparison holds in lane k.
-KY_INLINE int bitsOf(LaneBits<float> holds) {
-    return _mm_movemask_ps(reinterpret_cast<__m128>(holds));
-}
-KY_INLINE int bitsOf(LaneBits<double> holds) {
+template <class Bits>
+KY_INLINE int bitsOf(Bits holds) {
+    if constexpr (sizeof holds == 16) {
+        return _mm_movemask_ps(reinterpret_cast<__m128>(holds));
+    } else {
 #ifdef __AVX__
-    return _mm256_movemask_pd(reinterpret_cast<__m256d>(holds));
+        if constexpr (sizeof holds[0] == 4) {
+            return _mm256_movemask_ps(reinterpret_cast<__m256>(holds));
+        } else {
+            return _mm256_movemask_pd(reinterpret_cast<__m256d>(holds));
+        }
 #else
-    const auto low = __builtin_shufflevector(holds, holds, 0, 1);
-    const auto high = __builtin_shufflevector(holds, holds, 2, 3);
-    return _mm_movemask_pd(reinterpret_cast<__m128d>(low)) |
-           _mm_movemask_pd(reinterpret_cast<__m128d>(high)) << 2;
+        const auto low = __builtin_shufflevector(holds, holds, 0, 1);
+        const auto high = __builtin_shufflevector(holds, holds, 2, 3);
+        return _mm_movemask_pd(reinterpret_cast<__m128d>(low)) |
+               _mm_movemask_pd(reinterpret_cast<__m128d>(high)) << 2;
 #endif
+    }
 }
 
 /// Of four columns their rows.
@@ -104,6 +122,53 @@ KY_INLINE void transpose(V (&c)[4]) {
     c[1] = __builtin_shufflevector(b, e, 0, 1, 4, 5);
     c[2] = __builtin_shufflevector(a, d, 2, 3, 6, 7);
     c[3] = __builtin_shufflevector(b, e, 2, 3, 6, 7);
+}
+
+// Elements of three values, next to each other in memory, and one lane for each. Eight lanes are
+// two groups of four, so that no value crosses the halves of a register.
+
+/// In each group of four: lanes I and J of a, then K and L of b.
+template <int I, int J, int K, int L, class V>
+KY_INLINE V shuffle(V a, V b) {
+    if constexpr (sizeof(V) == 4 * sizeof a[0]) {
+        return __builtin_shufflevector(a, b, I, J, 4 + K, 4 + L);
+    } else {
+        return __builtin_shufflevector(a, b, I, J, 8 + K, 8 + L, 4 + I, 4 + J, 12 + K, 12 + L);
+    }
+}
+
+template <class V, class T>
+KY_INLINE V loadGroups(const T* p) {
+    if constexpr (sizeof(V) == 4 * sizeof(T)) {
+        return load(p);
+    } else {
+        return __builtin_shufflevector(load(p), load(p + 12), 0, 1, 2, 3, 4, 5, 6, 7);
+    }
+}
+template <class V, class T>
+KY_INLINE void storeGroups(T* p, V v) {
+    if constexpr (sizeof(V) == 4 * sizeof(T)) {
+        store(p, v);
+    } else {
+        store(p, __builtin_shufflevector(v, v, 0, 1, 2, 3));
+        store(p + 12, __builtin_shufflevector(v, v, 4, 5, 6, 7));
+    }
+}
+
+template <class V, class T>
+KY_INLINE void loadThrees(const T* p, V& x, V& y, V& z) {
+    const V a = loadGroups<V>(p);      // x0 y0 z0 x1
+    const V b = loadGroups<V>(p + 4);  // y1 z1 x2 y2
+    const V c = loadGroups<V>(p + 8);  // z2 x3 y3 z3
+    x = shuffle<0, 3, 0, 2>(a, shuffle<2, 2, 1, 1>(b, c));
+    y = shuffle<0, 2, 0, 2>(shuffle<1, 1, 0, 0>(a, b), shuffle<3, 3, 2, 2>(b, c));
+    z = shuffle<0, 2, 0, 3>(shuffle<2, 2, 1, 1>(a, b), c);
+}
+template <class V, class T>
+KY_INLINE void storeThrees(T* p, V x, V y, V z) {
+    storeGroups(p, shuffle<0, 2, 0, 2>(shuffle<0, 0, 0, 0>(x, y), shuffle<0, 0, 1, 1>(z, x)));
+    storeGroups(p + 4, shuffle<0, 2, 0, 2>(shuffle<1, 1, 1, 1>(y, z), shuffle<2, 2, 2, 2>(x, y)));
+    storeGroups(p + 8, shuffle<0, 2, 0, 2>(shuffle<2, 2, 3, 3>(z, x), shuffle<3, 3, 3, 3>(y, z)));
 }
 
 }  // namespace internal

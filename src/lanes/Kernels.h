@@ -39,6 +39,8 @@ struct Kernels {
     /// m = a b
     template <class T>
     static void multiply(T* m, const T* a, const T* b);
+    /// q = a b, each w first
+    static void multiplyQuaternions(double* q, const double* a, const double* b);
     template <class T>
     static T determinant(const T* a);
     template <class T>
@@ -75,7 +77,16 @@ struct Kernels {
     static void cull(const Side<double>* planes, std::size_t count, Strided<const double> boxes,
                      unsigned char* visible, std::size_t n);
     /// @}
+
+    /// Samples 0 to count - 1 of the Bezier curve of m control points, three values each, at t = 0,
+    /// step, step + step, ...; work has bezierWork(m) values.
+    static void bezier(const double* controls, std::size_t m, double step, double* work,
+                       double* out, std::size_t count);
 };
+
+inline std::size_t bezierWork(std::size_t m) {
+    return 12 * m;
+}
 
 /// Whether the processor has AVX2: asked when the library is loaded, false before.
 extern bool hasAvx2;

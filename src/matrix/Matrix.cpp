@@ -3,6 +3,7 @@
 #include <KyMath/Matrix.h>
 
 #include "internal/Components.h"
+#include "internal/Lanes.h"
 #include "lanes/Kernels.h"
 
 #include <stdexcept>
@@ -170,9 +171,8 @@ Matrix44T<T> Matrix44T<T>::divide(const Matrix44T& m, T s) {
 template <class T>
 Vector4T<T> Matrix44T<T>::multiplyWithVector(const Matrix44T& m, const Vector4T<T>& v) {
     T p[4];
-    for (int r = 0; r < 4; ++r) {
-        p[r] = m.v_[r] * v[0] + m.v_[4 + r] * v[1] + m.v_[8 + r] * v[2] + m.v_[12 + r] * v[3];
-    }
+    internal::store(p, internal::load(m.v_) * v[0] + internal::load(m.v_ + 4) * v[1] +
+                           internal::load(m.v_ + 8) * v[2] + internal::load(m.v_ + 12) * v[3]);
     return Vector4T<T>(p);
 }
 template <class T>

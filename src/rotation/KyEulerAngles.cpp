@@ -140,9 +140,10 @@ void KyEulerAngles::fromMatrix44(const double (*m)[4], eEulerOrder order) {
 
 Vector3d KyEulerAngles::getEulerAngles(const Vector3d& angles, eEulerOrder from, eEulerOrder to) {
     if (from == to) return angles;
-    const KyTransform t(Vector3d(), KyEulerAngles(angles, from));
+    double m[3][4];  // its last row is neither written nor read
+    KyEulerAngles(angles, from).toMatrix44(m);
     KyEulerAngles e;
-    e.fromMatrix44(t, to);
+    e.fromMatrix44(m, to);
     return e.angles();
 }
 

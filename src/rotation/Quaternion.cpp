@@ -6,6 +6,8 @@
 
 #include "internal/Components.h"
 #include "internal/Libm.h"
+#include "internal/QuaternionProduct.h"
+#include "lanes/Kernels.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -172,18 +174,28 @@ T QuaternionT<T>::norm() const {
     return std::sqrt(internal::dot(v_, v_));
 }
 
+namespace {
+
+// A call of a kernel would take longer than four floats do.
+void multiply(float* q, const float* a, const float* b) {
+    internal::multiplyQuaternions(q, a, b);
+}
+void multiply(double* q, const double* a, const double* b) {
+    KY_KERNEL(multiplyQuaternions(q, a, b));
+}
+
+}  // namespace
+
 template <class T>
 QuaternionT<T>& QuaternionT<T>::operator*=(const QuaternionT& q) {
-    const T* const a = v_;
-    const T* const b = q.v_;
-    return *this = QuaternionT(a[0] * b[0] - a[1] * b[1] - a[2] * b[2] - a[3] * b[3],
-                               a[0] * b[1] + a[1] * b[0] + a[2] * b[3] - a[3] * b[2],
-                               a[0] * b[2] + a[2] * b[0] + a[3] * b[1] - a[1] * b[3],
-                               a[0] * b[3] + a[3] * b[0] + a[1] * b[2] - a[2] * b[1]);
+    multiply(v_, v_, q.v_);
+    return *this;
 }
 template <class T>
 QuaternionT<T> QuaternionT<T>::operator*(const QuaternionT& q) const {
-    return QuaternionT(*this) *= q;
+    T product[4];
+    multiply(product, v_, q.v_);
+    return QuaternionT(product);
 }
 template <class T>
 void QuaternionT<T>::invert() {
