@@ -4,7 +4,9 @@
 
 #include <KyMath/Transformation.h>
 
-#include "internal/Arithmetic.h"
+#include "internal/Lanes.h"
+
+#include <limits>
 
 namespace KyMath {
 
@@ -12,22 +14,51 @@ Frustum::Frustum() = default;
 Frustum::Frustum(const Frustum& f) = default;
 Frustum& Frustum::operator=(const Frustum& f) = default;
 
+namespace {
+
+using Lanes = internal::Lanes<float>;
+
+/// 1 / |(a, b, c)| of four planes.
+Lanes reciprocalLengths(Lanes p0, Lanes p1, Lanes p2, Lanes p3) {
+    Lanes v[] = {p0, p1, p2, p3};
+    internal::transpose(v);
+    const Lanes square = v[0] * v[0] + v[1] * v[1] + v[2] * v[2];
+    return 1 / reinterpret_cast<Lanes>(_mm_sqrt_ps(reinterpret_cast<__m128>(square)));
+}
+
+}  // namespace
+
 void Frustum::setToWorldSpaceFrustum(const Matrix44T<float>& view,
                                      const Matrix44T<float>& projection) {
-    planes_[eLeft].set(1, 0, 0, 1);
-    planes_[eRight].set(-1, 0, 0, 1);
-    planes_[eBottom].set(0, 1, 0, 1);
-    planes_[eTop].set(0, -1, 0, 1);
-    planes_[eFar].set(0, 0, -1, 1);
+    // A plane maps from clip space to world space by the transpose of what maps points the other
+    // way: its columns are these rows.
+    const Matrix44T<float> product = Matrix44T<float>::multiply(projection, view);
+    Lanes rows[4];
+    for (int c = 0; c < 4; ++c) rows[c] = internal::load(product[c]);
+    internal::transpose(rows);
+    const auto planeOf = [&rows](float a, float b, float c, float d) {
+        return rows[0] * a + rows[1] * b + rows[2] * c + rows[3] * d;
+    };
+    Lanes v[6];
+    v[eLeft] = planeOf(1, 0, 0, 1);
+    v[eRight] = planeOf(-1, 0, 0, 1);
+    v[eBottom] = planeOf(0, 1, 0, 1);
+    v[eTop] = planeOf(0, -1, 0, 1);
+    v[eFar] = planeOf(0, 0, -1, 1);
     // Deliberate: this one element, compared exactly, tells a perspective projection, whose depth
     // starts at 0. Pinned by FrustumTest.
-    planes_[eNear].set(0, 0, 1, projection(3, 2) == -1 ? 0.0f : 1.0f);
+    v[eNear] = planeOf(0, 0, 1, projection(3, 2) == -1 ? 0.0f : 1.0f);
 
-    // A plane maps from clip space to world space by the transpose of what maps points the other
-    // way.
-    Matrix44T<float> m = Matrix44T<float>::multiply(projection, view);
-    m.transpose();
-    for (PlaneT<float>& plane : planes_) plane.transformProvidingInverse(m);
+    // To unit length, and the corners of the planes before, both as PlaneT does.
+    constexpr float kEpsilon = std::numeric_limits<float>::epsilon();
+    const Lanes first = reciprocalLengths(v[0], v[1], v[2], v[3]);
+    const Lanes last = reciprocalLengths(v[4], v[5], v[4], v[5]);
+    for (int i = 0; i < 6; ++i) {
+        PlaneT<float>& plane = planes_[i];
+        internal::store<float>(plane.v_, v[i] * (i < 4 ? first[i] : last[i - 4]));
+        plane.lower_ = static_cast<unsigned int>(internal::bitsOf(kEpsilon > v[i])) & 7u;
+        plane.upper_ = ~plane.lower_ & 7u;
+    }
 }
 
 const PlaneT<float>& Frustum::getPlane(unsigned int i) const {

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <KyMath/Transformation.h>
 
+#include "internal/Lanes.h"
 #include "internal/Libm.h"
 #include "internal/RotationToQuaternion.h"
 
@@ -144,15 +145,28 @@ Matrix44T<T> scaleToT(const Matrix44T<T>& m, const Vector3T<T>& scale) {
     return r;
 }
 
+namespace {
+
+/// m (v, w), row by row.
+template <class T>
+KY_INLINE internal::Lanes<T> multiply(const Matrix44T<T>& m, const Vector3T<T>& v, T w) {
+    return internal::load(m[0]) * v[0] + internal::load(m[1]) * v[1] + internal::load(m[2]) * v[2] +
+           internal::load(m[3]) * w;
+}
+
+}  // namespace
+
 template <class T>
 Vector3T<T> transformPositionT(const Matrix44T<T>& m, const Vector3T<T>& p) {
-    const Vector4T<T> h = Matrix44T<T>::multiplyWithVector(m, Vector4T<T>(p, 1));
-    return Vector3T<T>(h[0] / h[3], h[1] / h[3], h[2] / h[3]);
+    internal::Lanes<T> h = multiply(m, p, T(1));
+    h /= h[3];
+    return Vector3T<T>(h[0], h[1], h[2]);
 }
 
 template <class T>
 Vector3T<T> transformDirectionT(const Matrix44T<T>& m, const Vector3T<T>& d) {
-    return Matrix44T<T>::multiplyWithVector(m, Vector4T<T>(d, 0)).xyz();
+    const internal::Lanes<T> h = multiply(m, d, T(0));
+    return Vector3T<T>(h[0], h[1], h[2]);
 }
 
 template <class T>
