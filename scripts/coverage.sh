@@ -2,10 +2,11 @@
 # SPDX-FileCopyrightText: 2026 The KyMath authors
 # SPDX-License-Identifier: Apache-2.0
 #
-# coverage.sh: installs what is missing, runs the tests on the archive and prints how many lines,
-# branches and conditions (MC/DC) of src they cover, of a template in its best instantiation; then
-# all that any instantiation leaves uncovered. It fails for a place that
-# tests/coverage/unreachable.txt does not explain, and for an explanation of nothing.
+# coverage.sh: installs what is missing, runs the tests on the archive, with AVX2 (which the processor
+# must have) and without, and prints how many lines, branches and conditions (MC/DC) of src they
+# cover, of a template in its best instantiation; then all that any instantiation leaves uncovered. It
+# fails for a place that tests/coverage/unreachable.txt does not explain, and for an explanation of
+# nothing.
 set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
 build=$root/build/coverage
@@ -20,6 +21,7 @@ cmake --build "$build" --target KyMath "${programs[@]%% *}"
 rm -f "$build"/*.profraw
 for program in "${programs[@]}"; do
     LLVM_PROFILE_FILE=$build/${program%% *}.profraw "$build/bin/"$program
+    WITHOUT_AVX2=1 LLVM_PROFILE_FILE=$build/${program%% *}.plain.profraw "$build/bin/"$program
 done
 llvm-profdata-19 merge "$build"/*.profraw -o "$build/profdata"
 # What there is to cover is read from the shared library: all of it, whatever the programs link.

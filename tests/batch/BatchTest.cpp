@@ -72,7 +72,7 @@ protected:
         return {m, m + 3};
     }
 };
-TYPED_TEST_SUITE(BatchTest, Scalars);
+TYPED_TEST_SUITE(BatchTest, Scalars, );
 
 TYPED_TEST(BatchTest, TransformsLikeSingleCalls) {
     using T = TypeParam;
