@@ -9,8 +9,8 @@ root=$(cd "$(dirname "$0")/.." && pwd)
 (($#)) || set -- release
 
 bash "$root/scripts/setup.sh" g++ make cmake ninja-build pkg-config libgtest-dev libeigen3-dev \
-    librapidcheck-dev libpng-dev libcli11-dev libassimp-dev assimp-testmodels abigail-tools xz-utils \
-    gdb python3
+    librapidcheck-dev libglm-dev libimath-dev libbullet-dev libpng-dev libcli11-dev libassimp-dev \
+    assimp-testmodels abigail-tools xz-utils gdb python3
 if [[ " $* " =~ \ (clang|msan)\  ]]; then
     bash "$root/scripts/setup.sh" clang libclang-rt-dev googletest
 fi
