@@ -9,8 +9,8 @@
 
 namespace KyMath {
 
-/// One operation on whole arrays: for each element the bits of the single call that is named, in a
-/// fraction of its time.
+/// One operation on whole arrays: for each element the bits of the single call that is named, in
+/// less time.
 ///
 /// Each function works on count elements, which may be 0, and then no pointer is used. A result may
 /// be written over the operand with the same index: pass the same array, with the same stride.
