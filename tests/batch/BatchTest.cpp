@@ -76,10 +76,13 @@ TYPED_TEST_SUITE(BatchTest, Scalars, );
 
 TYPED_TEST(BatchTest, TransformsLikeSingleCalls) {
     using T = TypeParam;
+    const auto finite = list<Vector3T<T>>([this] { return this->corpus.vector(); });
     for (const Matrix44T<T>& m : this->matrices()) {
-        expectLikeSingle(
-            this->vectors(), [&](auto... a) { Batch::transformPositions(m, a...); },
-            [&](const auto& p) { return Transformation::transformPositionT(m, p); });
+        for (const auto& vectors : {this->vectors(), finite}) {  // finite: all w may be 1
+            expectLikeSingle(
+                vectors, [&](auto... a) { Batch::transformPositions(m, a...); },
+                [&](const auto& p) { return Transformation::transformPositionT(m, p); });
+        }
         expectLikeSingle(
             this->vectors(), [&](auto... a) { Batch::transformDirections(m, a...); },
             [&](const auto& d) { return Transformation::transformDirectionT(m, d); });
