@@ -102,6 +102,43 @@ std::vector<T> boxes(std::uint64_t seed) {
     }
     return b;
 }
+
+// Of each family.
+
+template <class T>
+struct VectorsInputs {
+    std::vector<T> inputs = numbers<T>(3 * kCount, -1, 1, 1);
+    std::vector<T> others = numbers<T>(3 * kCount, -1, 1, 2);
+};
+template <class T>
+struct MatricesInputs {
+    std::vector<T> inputs = matrices<T>(1), others = matrices<T>(2);
+    std::vector<T> rigid = transforms<T>(1, 3);
+    std::vector<T> points = numbers<T>(4 * kCount, -1, 1, 4);
+};
+template <class T>
+struct RotationsInputs {
+    std::vector<T> angles = numbers<T>(3 * kCount, -1.2, 1.2, 1);
+    std::vector<T> scales = numbers<T>(3 * kCount, 0.5, 2, 2);
+    std::vector<T> points = numbers<T>(3 * kCount, -1, 1, 3);
+    std::vector<T> times = numbers<T>(kCount, 0, 1, 4);
+    std::vector<T> inputs = quaternions<T>(5), others = quaternions<T>(6);
+    std::vector<T> turns = transforms<T>(1, 7);
+};
+struct RigidInputs {
+    std::vector<double> inputs = transforms<double>(1, 7), others = transforms<double>(1, 8);
+    std::vector<double> angles = numbers<double>(3 * kCount, -1.2, 1.2, 9);
+};
+template <class T>
+struct BoundsInputs {
+    std::vector<T> inputs = boxes<T>(1), others = boxes<T>(2);
+    std::vector<T> moves = transforms<T>(2, 3);
+    std::vector<T> origins = numbers<T>(3 * kCount, -4, 4, 4);
+    std::vector<T> directions = numbers<T>(3 * kCount, -1, 1, 5);
+};
+inline std::vector<float> frustumViews() {
+    return transforms<float>(1, 1);
+}
 /// @}
 
 /// An array of values of a library, each made by make(pointer to its k inputs). It is never freed:

@@ -152,7 +152,7 @@ void addFrustum() {
         KyMath::Transformation::createFrustumT<float>(-1, 1.5f, -0.5f, 1, 1, 100);
     const M<float>* const lp =
         load<M<float>>(std::vector<float>(projection[0], projection[0] + 16));
-    const auto views = bench::transforms<float>(1, 1);
+    const auto views = bench::frustumViews();
     const auto* const view = load<Matrix44f>(views);
     const auto* const lv = load<M<float>>(views);
     ours<float>(
@@ -168,11 +168,7 @@ template <class T>
 void addAll() {
     using KyBox = KyMath::BoundingBoxT<T>;
     using Vector = KyMath::Vector3T<T>;
-    const auto inputs = bench::boxes<T>(1);
-    const auto others = bench::boxes<T>(2);
-    const auto moves = bench::transforms<T>(2, 3);
-    const auto origins = bench::numbers<T>(3 * bench::kCount, -4, 4, 4);
-    const auto directions = bench::numbers<T>(3 * bench::kCount, -1, 1, 5);
+    const auto [inputs, others, moves, origins, directions] = bench::BoundsInputs<T>();
     const auto* const a = load<KyBox>(inputs);
     const auto* const b = load<KyBox>(others);
     const auto* const m = load<KyMath::Matrix44T<T>>(moves);

@@ -13,11 +13,7 @@ struct BulletBox {
 
 template <class T>
 void addAll() {
-    const auto inputs = bench::boxes<T>(1);
-    const auto others = bench::boxes<T>(2);
-    const auto moves = bench::transforms<T>(2, 3);
-    const auto origins = bench::numbers<T>(3 * bench::kCount, -4, 4, 4);
-    const auto directions = bench::numbers<T>(3 * bench::kCount, -1, 1, 5);
+    const auto [inputs, others, moves, origins, directions] = bench::BoundsInputs<T>();
     const auto next = [](std::size_t i) { return (i + 1) % bench::kCount; };
 
     using E3 = bench::EigenVector3<T>;
@@ -87,7 +83,7 @@ void addAll() {
 }
 
 void addFrustum() {
-    const auto* const views = load<Imath::M44f>(bench::transforms<float>(1, 1));
+    const auto* const views = load<Imath::M44f>(bench::frustumViews());
     struct Planes {
         Imath::Plane3f p[6];
     };

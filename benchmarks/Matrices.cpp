@@ -105,10 +105,7 @@ M<T> rigidInverse(const M<T>& m) {
 template <class T>
 void addAll() {
     using Matrix = KyMath::Matrix44T<T>;
-    const auto inputs = bench::matrices<T>(1);
-    const auto others = bench::matrices<T>(2);
-    const auto rigid = bench::transforms<T>(1, 3);
-    const auto points = bench::numbers<T>(4 * bench::kCount, -1, 1, 4);
+    const auto [inputs, others, rigid, points] = bench::MatricesInputs<T>();
     const auto* const a = load<Matrix>(inputs);
     const auto* const b = load<Matrix>(others);
     const auto* const t = load<Matrix>(rigid);

@@ -9,10 +9,7 @@ namespace {
 
 template <class T>
 void addAll() {
-    const auto inputs = bench::matrices<T>(1);
-    const auto others = bench::matrices<T>(2);
-    const auto rigid = bench::transforms<T>(1, 3);
-    const auto points = bench::numbers<T>(4 * bench::kCount, -1, 1, 4);
+    const auto [inputs, others, rigid, points] = bench::MatricesInputs<T>();
 
     using E = bench::EigenMatrix<T>;
     using E3 = bench::EigenVector3<T>;

@@ -222,9 +222,7 @@ V<double> reorder(const V<double>& angles) {
 void addRigid() {
     using Ky::KyEulerAngles;
     using Ky::KyTransform;
-    const auto inputs = bench::transforms<double>(1, 7);
-    const auto others = bench::transforms<double>(1, 8);
-    const auto angles = bench::numbers<double>(3 * bench::kCount, -1.2, 1.2, 9);
+    const auto [inputs, others, angles] = bench::RigidInputs();
     const auto* const a = load<KyTransform>(inputs);
     const auto* const b = load<KyTransform>(others);
     const auto* const e = load<KyMath::Vector3d>(angles);
@@ -260,13 +258,7 @@ void addAll() {
     using Vector = KyMath::Vector3T<T>;
     using Quaternion = KyMath::QuaternionT<T>;
     using Matrix = KyMath::Matrix44T<T>;
-    const auto angles = bench::numbers<T>(3 * bench::kCount, -1.2, 1.2, 1);
-    const auto scales = bench::numbers<T>(3 * bench::kCount, 0.5, 2, 2);
-    const auto points = bench::numbers<T>(3 * bench::kCount, -1, 1, 3);
-    const auto times = bench::numbers<T>(bench::kCount, 0, 1, 4);
-    const auto inputs = bench::quaternions<T>(5);
-    const auto others = bench::quaternions<T>(6);
-    const auto turns = bench::transforms<T>(1, 7);
+    const auto [angles, scales, points, times, inputs, others, turns] = bench::RotationsInputs<T>();
     const auto* const e = load<Vector>(angles);
     const auto* const n = load<T>(angles);
     const auto* const s = load<Vector>(scales);

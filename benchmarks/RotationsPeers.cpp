@@ -16,13 +16,7 @@ Eigen::Quaternion<T> eigenTurn(const bench::EigenVector3<T>& e) {
 
 template <class T>
 void addAll() {
-    const auto angles = bench::numbers<T>(3 * bench::kCount, -1.2, 1.2, 1);
-    const auto scales = bench::numbers<T>(3 * bench::kCount, 0.5, 2, 2);
-    const auto points = bench::numbers<T>(3 * bench::kCount, -1, 1, 3);
-    const auto times = bench::numbers<T>(bench::kCount, 0, 1, 4);
-    const auto inputs = bench::quaternions<T>(5);
-    const auto others = bench::quaternions<T>(6);
-    const auto turns = bench::transforms<T>(1, 7);
+    const auto [angles, scales, points, times, inputs, others, turns] = bench::RotationsInputs<T>();
     const auto* const t = load<T>(times);
 
     using E3 = bench::EigenVector3<T>;
@@ -140,9 +134,7 @@ void addAll() {
 }
 
 void addRigid() {
-    const auto inputs = bench::transforms<double>(1, 7);
-    const auto others = bench::transforms<double>(1, 8);
-    const auto angles = bench::numbers<double>(3 * bench::kCount, -1.2, 1.2, 9);
+    const auto [inputs, others, angles] = bench::RigidInputs();
 
     using Rigid = bench::EigenRigid<double>;
     const auto* const ea = load<Rigid>(inputs);

@@ -15,8 +15,7 @@ template <class T>
 void addAll() {
     using V = KyMath::Vector3T<T>;
     using L = Values<T, 3>;
-    const auto inputs = numbers<T>(3 * bench::kCount, -1, 1, 1);
-    const auto others = numbers<T>(3 * bench::kCount, -1, 1, 2);
+    const auto [inputs, others] = bench::VectorsInputs<T>();
     const V* const a = load<V>(inputs);
     const V* const b = load<V>(others);
     const L* const la = load<L>(inputs);

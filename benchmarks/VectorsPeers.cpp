@@ -8,8 +8,7 @@ namespace {
 
 template <class T>
 void addAll() {
-    const auto inputs = bench::numbers<T>(3 * bench::kCount, -1, 1, 1);
-    const auto others = bench::numbers<T>(3 * bench::kCount, -1, 1, 2);
+    const auto [inputs, others] = bench::VectorsInputs<T>();
 
     using E = bench::EigenVector3<T>;
     const E* const ea = load<E>(inputs);
