@@ -1,31 +1,38 @@
 # SPDX-FileCopyrightText: 2026 The KyMath authors
 # SPDX-License-Identifier: Apache-2.0
 
+# What programs need to run, what they need to be built, and, on request only, what people read.
+set(runtime COMPONENT KyMath_runtime)
+set(development COMPONENT KyMath_development)
+set(documentation COMPONENT KyMath_documentation EXCLUDE_FROM_ALL)
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/KyMath)
 
 install(
     TARGETS KyMath KyMathStatic
     EXPORT KyMathTargets
-    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
-    ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
-    FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
-install(EXPORT KyMathTargets NAMESPACE KyMath:: FILE KyMathTargets.cmake DESTINATION ${package_dir})
+    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} ${runtime} NAMELINK_${development}
+    ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} ${development}
+    FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} ${development})
+install(EXPORT KyMathTargets NAMESPACE KyMath:: FILE KyMathTargets.cmake DESTINATION ${package_dir}
+        ${development})
 
 configure_package_config_file(cmake/KyMathConfig.cmake.in ${PROJECT_BINARY_DIR}/KyMathConfig.cmake
                               INSTALL_DESTINATION ${package_dir})
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/KyMathConfigVersion.cmake
                                  COMPATIBILITY SameMajorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/KyMathConfig.cmake
-              ${PROJECT_BINARY_DIR}/KyMathConfigVersion.cmake DESTINATION ${package_dir})
+              ${PROJECT_BINARY_DIR}/KyMathConfigVersion.cmake DESTINATION ${package_dir}
+        ${development})
 
 # The way from the .pc file back to the prefix, so that an installed tree can be moved.
 file(RELATIVE_PATH pc_prefix /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
 configure_file(cmake/KyMath.pc.in ${PROJECT_BINARY_DIR}/KyMath.pc @ONLY)
-install(FILES ${PROJECT_BINARY_DIR}/KyMath.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+install(FILES ${PROJECT_BINARY_DIR}/KyMath.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig
+        ${development})
 
 # Debugger views. gdb loads those beside the library, or, for a system's own libraries, from its data
 # directory: a file beside those would be found first, and refused.
-install(FILES debug/KyMath.natvis DESTINATION ${CMAKE_INSTALL_DATADIR}/KyMath)
+install(FILES debug/KyMath.natvis DESTINATION ${CMAKE_INSTALL_DATADIR}/KyMath ${development})
 install(
     CODE "
     set(libdir \"${CMAKE_INSTALL_LIBDIR}\")
@@ -36,4 +43,12 @@ install(
         set(views_dir \"\${CMAKE_INSTALL_PREFIX}/share/gdb/auto-load\${libdir}\")
     endif()
     file(INSTALL DESTINATION \"\${views_dir}\" TYPE FILE
-         FILES \"$<TARGET_FILE:KyMath>-gdb.py\")")
+         FILES \"$<TARGET_FILE:KyMath>-gdb.py\")"
+    ${runtime})
+
+# The same folders as in the sources, so that pages find their pictures.
+install(FILES README.md CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR} ${documentation})
+install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR} ${documentation}
+        FILES_MATCHING PATTERN *.md PATTERN *.png PATTERN *.svg)
+install(DIRECTORY examples DESTINATION ${CMAKE_INSTALL_DOCDIR} ${documentation})
+install(DIRECTORY build/docs/html DESTINATION ${CMAKE_INSTALL_DOCDIR} ${documentation} OPTIONAL)

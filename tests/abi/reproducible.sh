@@ -15,7 +15,7 @@ failures=0
 build() { # FOLDER JOBS
     local folder=$work/$1
     mkdir -p "$folder/source"
-    cp -r "$source"/{CMakeLists.txt,cmake,debug,include,src} "$folder/source"
+    cp -r "$source"/{CMakeLists.txt,cmake,debug,include,packaging,src} "$folder/source"
     if (($2 == 1)); then find "$folder/source" -exec touch -d 2001-02-03 {} +; fi
     { cmake -G Ninja -S "$folder/source" -B "$folder/build" "-DCMAKE_CXX_COMPILER=$compiler" \
         -DCMAKE_BUILD_TYPE=Release -DKYMATH_TESTS=OFF -DKYMATH_EXAMPLES=OFF &&

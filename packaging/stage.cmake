@@ -1,0 +1,48 @@
+# SPDX-FileCopyrightText: 2026 The KyMath authors
+# SPDX-License-Identifier: Apache-2.0
+
+# CPack runs this when the components are installed in a folder each, before it packs these: adds
+# what Debian wants in every package, and the control files of the library.
+
+set(version ${CPACK_PACKAGE_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE})
+set(root ${CPACK_TEMPORARY_DIRECTORY})
+set(control ${CPACK_TOPLEVEL_DIRECTORY})
+string(TIMESTAMP now "%a, %d %b %Y %H:%M:%S +0000" UTC) # of SOURCE_DATE_EPOCH, if that is set
+
+foreach(component RUNTIME DEVELOPMENT DOCUMENTATION)
+    set(package ${CPACK_DEBIAN_KYMATH_${component}_PACKAGE_NAME})
+    string(TOLOWER ${component} folder)
+    set(doc ${root}/KyMath_${folder}/usr/share/doc/${package})
+    file(COPY ${CPACK_KYMATH_SOURCE_DIR}/packaging/copyright DESTINATION ${doc})
+    file(WRITE ${doc}/changelog.Debian
+         "kymath (${version}) unstable; urgency=medium\n\n"
+         "  * The changes of this release are in changelog.gz.\n\n"
+         " -- ${CPACK_PACKAGE_CONTACT}  ${now}\n")
+    file(COPY_FILE ${CPACK_KYMATH_SOURCE_DIR}/CHANGELOG.md ${doc}/changelog)
+    execute_process(COMMAND gzip -9n ${doc}/changelog ${doc}/changelog.Debian
+                    COMMAND_ERROR_IS_FATAL ANY)
+endforeach()
+
+# Which packages the library needs, and which version of it a program needs: the minor version that the
+# program was built with. The names are those that the tests know, and nothing else.
+set(runtime ${root}/KyMath_runtime)
+set(package ${CPACK_DEBIAN_KYMATH_RUNTIME_PACKAGE_NAME})
+set(major ${CPACK_PACKAGE_VERSION_MAJOR})
+set(minor ${major}.${CPACK_PACKAGE_VERSION_MINOR})
+file(STRINGS ${CPACK_KYMATH_SOURCE_DIR}/tests/abi/exported.txt names)
+list(TRANSFORM names REPLACE "(.+)" " \\1@Base ${minor}\n")
+file(WRITE ${control}/names "libKyMath.so.${major} ${package} #MINVER#\n" ${names})
+execute_process(COMMAND dpkg-gensymbols -c4 -v${version} -p${package} -P${runtime}
+                        -I${control}/names -O${control}/symbols
+                COMMAND_ERROR_IS_FATAL ANY)
+file(WRITE ${control}/shlibs "libKyMath ${major} ${package} (>= ${minor})\n")
+file(WRITE ${control}/triggers "activate-noawait ldconfig\n")
+set(CPACK_DEBIAN_KYMATH_RUNTIME_PACKAGE_CONTROL_EXTRA
+    ${control}/symbols ${control}/shlibs ${control}/triggers)
+
+# Not by CPACK_DEBIAN_PACKAGE_SHLIBDEPS: that would add scripts which call ldconfig, beside the trigger.
+file(WRITE ${control}/debian/control "Source: kymath\n")
+file(GLOB library ${runtime}/usr/lib/*/libKyMath.so.?.?.?)
+execute_process(COMMAND dpkg-shlibdeps -O ${library} WORKING_DIRECTORY ${control}
+                OUTPUT_VARIABLE depends OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+string(REPLACE "shlibs:Depends=" "" CPACK_DEBIAN_KYMATH_RUNTIME_PACKAGE_DEPENDS "${depends}")

@@ -1,0 +1,41 @@
+#!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 The KyMath authors
+# SPDX-License-Identifier: Apache-2.0
+#
+# check.sh SOURCE_DIR PACKAGES_DIR: what the packages hold serves programs, by CMake and by pkg-config,
+# and the examples; a program's own package would depend on the right one; no two hold the same file.
+set -euo pipefail
+source=$1
+packages=$(cd "$2" && pwd)
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+root=$work/root
+library_dir=$root/usr/lib/$(dpkg-architecture -qDEB_HOST_MULTIARCH)
+
+for package in libkymath1 libkymath-dev libkymath-doc; do
+    dpkg-deb -x "$packages/${package}_"*.deb "$root"
+    dpkg-deb -c "$packages/${package}_"*.deb | grep -v '/$' >>"$work/files"
+done
+twice=$(awk '{print $6}' "$work/files" | sort | uniq -d)
+[[ ! $twice ]] || { echo "in two packages: $twice"; exit 1; }
+
+build() { # NAME SOURCE_DIR CMAKE_ARGUMENT...
+    { cmake -G Ninja -S "$2" -B "$work/$1" "-DCMAKE_PREFIX_PATH=$root/usr" "${@:3}" &&
+        cmake --build "$work/$1"; } >"$work/log" 2>&1 ||
+        { cat "$work/log"; echo "failed: $1"; exit 1; }
+}
+build client "$source/tests/consumers" -DKYMATH_FROM=package
+ctest --test-dir "$work/client" --output-on-failure >"$work/log" || { cat "$work/log"; exit 1; }
+build examples "$root/usr/share/doc/libkymath-doc/examples"
+"$work/examples/curves" --output "$work/curves.svg" >/dev/null
+
+# shellcheck disable=SC2046  # the flags are words
+g++ "$source/tests/consumers/main.cpp" -o "$work/plain" \
+    $(PKG_CONFIG_PATH=$library_dir/pkgconfig pkg-config --cflags --libs KyMath)
+LD_LIBRARY_PATH=$library_dir "$work/plain" >/dev/null
+
+dpkg-deb -e "$packages"/libkymath1_*.deb "$root/DEBIAN"
+mkdir "$work/debian"
+echo "Source: program" >"$work/debian/control"
+needs=$(cd "$work" && dpkg-shlibdeps -O "-S$root" plain 2>/dev/null)
+[[ $needs =~ libkymath1\ \(\>=\ [0-9]+\.[0-9]+\)(,|$) ]] || { echo "a program needs: $needs"; exit 1; }
