@@ -1,6 +1,9 @@
 # SPDX-FileCopyrightText: 2026 The KyMath authors
 # SPDX-License-Identifier: Apache-2.0
 
+include(GNUInstallDirs)
+include(CMakePackageConfigHelpers)
+
 # What programs need to run, what they need to be built, and, on request only, what people read.
 set(runtime COMPONENT KyMath_runtime)
 set(development COMPONENT KyMath_development)
@@ -16,13 +19,10 @@ install(
 install(EXPORT KyMathTargets NAMESPACE KyMath:: FILE KyMathTargets.cmake DESTINATION ${package_dir}
         ${development})
 
-configure_package_config_file(cmake/KyMathConfig.cmake.in ${PROJECT_BINARY_DIR}/KyMathConfig.cmake
-                              INSTALL_DESTINATION ${package_dir})
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/KyMathConfigVersion.cmake
                                  COMPATIBILITY SameMajorVersion)
-install(FILES ${PROJECT_BINARY_DIR}/KyMathConfig.cmake
-              ${PROJECT_BINARY_DIR}/KyMathConfigVersion.cmake DESTINATION ${package_dir}
-        ${development})
+install(FILES cmake/KyMathConfig.cmake ${PROJECT_BINARY_DIR}/KyMathConfigVersion.cmake
+        DESTINATION ${package_dir} ${development})
 
 # The way from the .pc file back to the prefix, so that an installed tree can be moved.
 file(RELATIVE_PATH pc_prefix /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)

@@ -2,8 +2,10 @@
 # SPDX-FileCopyrightText: 2026 The KyMath authors
 # SPDX-License-Identifier: Apache-2.0
 #
-# check.sh SOURCE_DIR BUILD_DIR COMPILER: the library is usable by every way that is offered: as an
-# installed package (in a prefix that was moved), as a subdirectory, by FetchContent and by pkg-config.
+# check.sh SOURCE_DIR BUILD_DIR COMPILER [--update]: exactly the files of installed.txt are installed,
+# and the library is usable by every way that is offered: as an installed package (in a prefix that was
+# moved), as a subdirectory, by FetchContent and by pkg-config. A project that takes it is as it was
+# before. After a deliberate change of the list: --update.
 set -euo pipefail
 source=$1
 build=$2
@@ -21,13 +23,42 @@ try() { # NAME CMAKE_ARGUMENT...
         { cat "$work/log"; echo "failed: $name"; return 1; }
 }
 
+# What each component installs, wherever the libraries go.
+list=$consumer/installed.txt
+for component in development runtime; do
+    cmake --install "$build" --prefix "$work/$component" --component "KyMath_$component" >/dev/null
+    (cd "$work/$component" && find . ! -type d -printf "$component %P\n")
+done | sed "s| $(grep -oP 'CMAKE_INSTALL_LIBDIR:.*=\K.*' "$build/CMakeCache.txt")/| lib/|" |
+    LC_ALL=C sort >"$work/installed"
+[[ ${4:-} != --update ]] || cp "$work/installed" "$list"
+diff "$list" "$work/installed" || { echo "no more (<) or newly (>) installed"; exit 1; }
+
+# Together that is everything. No file tells where it was installed: all of it can be moved.
 cmake --install "$build" --prefix "$work/first" >/dev/null
 mv "$work/first" "$work/prefix"
 library_dir=$(dirname "$(find "$work/prefix" -name 'libKyMath.so')")
+cp -a "$work/runtime/." "$work/development"
+diff -r "$work/development" "$work/prefix"
+DESTDIR=$work/root cmake --install "$build" --prefix /opt/kymath >/dev/null
+mkdir -p "$work/expected/opt"
+mv "$work/development" "$work/expected/opt/kymath"
+diff -r "$work/expected" "$work/root"
 
 try package -DKYMATH_FROM=package "-DCMAKE_PREFIX_PATH=$work/prefix"
 try subdirectory -DKYMATH_FROM=subdirectory "-DKYMATH_SOURCE=$source"
 try fetch -DKYMATH_FROM=fetch "-DKYMATH_SOURCE=$source"
+for name in package subdirectory; do
+    diff "$work/$name/before" "$work/$name/after" || { echo "changed in the client: $name"; exit 1; }
+done
+
+# A version that is not there is refused, and the message says which one is.
+for version in 1.99 2.0; do
+    said=$(try refused -DKYMATH_FROM=package "-DCMAKE_PREFIX_PATH=$work/prefix" \
+        "-DKYMATH_VERSION=$version" | tr -s '[:space:]' ' ') &&
+        { echo "accepted as version $version"; exit 1; }
+    [[ $said == *"\"KyMath\" that is compatible with requested version \"$version\""* &&
+        $said == *"KyMathConfig.cmake, version: 1."* ]] || { echo "$said"; exit 1; }
+done
 
 # Inlined into a client that is compiled for fused operations, the archive gives the same bits still.
 if grep -qw fma /proc/cpuinfo && [[ $("$compiler" --version) != *clang* ]]; then

@@ -1,7 +1,9 @@
 # SPDX-FileCopyrightText: 2026 The KyMath authors
 # SPDX-License-Identifier: Apache-2.0
-@PACKAGE_INIT@
 
 # KyMath::KyMath is the shared library, KyMath::Static the archive.
 include("${CMAKE_CURRENT_LIST_DIR}/KyMathTargets.cmake")
-check_required_components(KyMath)
+if(KyMath_FIND_COMPONENTS)
+    set(KyMath_FOUND FALSE)
+    set(KyMath_NOT_FOUND_MESSAGE "It has no components, but two targets: KyMath::KyMath, KyMath::Static")
+endif()
