@@ -2,13 +2,14 @@
 # SPDX-FileCopyrightText: 2026 The KyMath authors
 # SPDX-License-Identifier: Apache-2.0
 #
-# lint.sh: installs what is missing and checks the layout of all sources with clang-format, and the
-# library, the examples and the benchmarks with clang-tidy. lint.sh --fix lays them out instead.
+# lint.sh: installs what is missing and checks that every file names its licence, the layout of all
+# sources with clang-format, and the library, the examples and the benchmarks with clang-tidy.
+# lint.sh --fix lays the sources out instead.
 set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
 bash "$root/scripts/setup.sh" g++ make cmake ninja-build libgtest-dev libeigen3-dev \
     librapidcheck-dev libpng-dev libcli11-dev libassimp-dev libbenchmark-dev libglm-dev \
-    libimath-dev libbullet-dev clang clang-format clang-tidy
+    libimath-dev libbullet-dev clang clang-format clang-tidy reuse
 
 cd "$root"
 mapfile -t sources < <(find include src examples tests benchmarks -name '*.h' -o -name '*.cpp' -o -name '*.inc')
@@ -16,6 +17,11 @@ if [[ ${1:-} == --fix ]]; then
     clang-format -i "${sources[@]}"
     exit
 fi
+# In a copy without what is built: sources need not be in git.
+sources_only=$(mktemp -d)
+trap 'rm -rf "$sources_only"' EXIT
+tar -c --exclude=./build --exclude=./.git . | tar -x -C "$sources_only"
+licences=$(reuse --root "$sources_only" lint 2>&1) || { echo "$licences" && exit 1; }
 clang-format --dry-run -Werror "${sources[@]}"
 cmake --preset clang -DKYMATH_BENCHMARKS=ON --log-level=WARNING >/dev/null
 find src examples benchmarks -name '*.cpp' -print0 |
