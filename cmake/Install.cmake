@@ -47,7 +47,8 @@ install(
     ${runtime})
 
 # The same folders as in the sources, so that pages find their pictures.
-install(FILES README.md CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR} ${documentation})
+install(FILES README.md CHANGELOG.md CONTRIBUTING.md SECURITY.md
+        DESTINATION ${CMAKE_INSTALL_DOCDIR} ${documentation})
 install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR} ${documentation}
         FILES_MATCHING PATTERN *.md PATTERN *.png PATTERN *.svg)
 install(DIRECTORY examples DESTINATION ${CMAKE_INSTALL_DOCDIR} ${documentation})

@@ -3,8 +3,9 @@
 # SPDX-License-Identifier: Apache-2.0
 #
 # package.sh: installs what is missing, builds the Debian packages libkymath1, libkymath-dev and
-# libkymath-doc into build/packages, checks them with lintian, and builds programs with what they
-# hold. DEBFULLNAME and DEBEMAIL say who makes the packages: set them for packages that others get.
+# libkymath-doc (with the pages of build/docs/html, if there are any) into build/packages, checks them
+# with lintian, and builds programs with what they hold. DEBFULLNAME and DEBEMAIL say who makes the
+# packages: set them for packages that others get.
 set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
 bash "$root/scripts/setup.sh" g++ make cmake ninja-build pkg-config dpkg-dev lintian libpng-dev \
@@ -17,12 +18,12 @@ mkdir -p $packages
 echo "== Building"
 # The same packages from the same sources: times in them are that of the last change.
 export SOURCE_DATE_EPOCH=${SOURCE_DATE_EPOCH:-$(git log -1 --format=%ct 2>/dev/null || date +%s)}
-cmake --preset release -B $build --log-level=WARNING -DKYMATH_TESTS=OFF -DKYMATH_EXAMPLES=OFF \
-    -DCMAKE_INSTALL_PREFIX=/usr -DCMAKE_INSTALL_DOCDIR=share/doc/libkymath-doc
+cmake --preset install -B $build --log-level=WARNING -DCMAKE_INSTALL_PREFIX=/usr \
+    -DCMAKE_INSTALL_DOCDIR=share/doc/libkymath-doc
 cmake --build $build
-(cd $build &&
-    cpack -D "CPACK_PACKAGE_CONTACT=${DEBFULLNAME:-The KyMath authors} <${DEBEMAIL:-kymath@example.org}>" \
-        >cpack.log 2>&1 || { cat cpack.log && exit 1; })
+contact="${DEBFULLNAME:-The KyMath authors} <${DEBEMAIL:-kymath@example.org}>"
+cpack --config $build/CPackConfig.cmake -B $build -D "CPACK_PACKAGE_CONTACT=$contact" \
+    >$build/cpack.log 2>&1 || { cat $build/cpack.log && exit 1; }
 mv $build/*.deb $packages
 
 echo "== Checking"

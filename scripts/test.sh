@@ -18,8 +18,8 @@ fi
 cd "$root"
 for preset in "$@"; do
     echo "== $preset: building"
-    cmake --preset "$preset" -DKYMATH_TESTS=ON \
-        "-DKYMATH_STRICT=${KYMATH_STRICT:-OFF}" --log-level=WARNING
+    cmake --preset "$preset" -DKYMATH_TESTS=ON ${KYMATH_STRICT:+-DKYMATH_STRICT=$KYMATH_STRICT} \
+        --log-level=WARNING
     cmake --build --preset "$preset"
     echo "== $preset: testing"
     ctest --preset "$preset"

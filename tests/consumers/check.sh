@@ -7,8 +7,8 @@
 # moved), as a subdirectory, by FetchContent and by pkg-config. A project that takes it is as it was
 # before. After a deliberate change of the list: --update.
 set -euo pipefail
-source=$1
-build=$2
+source=$(cd "$1" && pwd)
+build=$(cd "$2" && pwd)
 compiler=$3
 consumer=$source/tests/consumers
 work=$(mktemp -d)
