@@ -5,7 +5,6 @@
 #include <KyMath/Vectors.h>
 
 using bench::load;
-using bench::numbers;
 using bench::ours;
 using bench::Values;
 

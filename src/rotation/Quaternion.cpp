@@ -193,9 +193,9 @@ QuaternionT<T>& QuaternionT<T>::operator*=(const QuaternionT& q) {
 }
 template <class T>
 QuaternionT<T> QuaternionT<T>::operator*(const QuaternionT& q) const {
-    T product[4];
-    multiply(product, v_, q.v_);
-    return QuaternionT(product);
+    QuaternionT product(*this);
+    multiply(product.v_, v_, q.v_);
+    return product;
 }
 template <class T>
 void QuaternionT<T>::invert() {
