@@ -17,7 +17,7 @@ namespace KyMath {
 /// Arrays must not overlap otherwise. Nothing is allocated.
 ///
 /// A stride is the number of bytes from one element to the next, for elements that are members of
-/// larger structures; it is a multiple of alignof(T).
+/// larger structures. It is a multiple of alignof(T), and no less than the size of an element.
 namespace Batch {
 
 /// out[i] = Transformation::transformPositionT(m, in[i]): with division by w.

@@ -150,7 +150,8 @@ public:
 
 private:
     struct Unset {};
-    __attribute__((visibility("hidden"))) explicit Matrix44T(Unset);  // values are not set
+    /// Sets no value: for results that are then written as a whole. Not exported.
+    __attribute__((visibility("hidden"))) explicit Matrix44T(Unset);
 
     T v_[16];  // element (r, c) at 4c + r
 };

@@ -32,8 +32,8 @@ enum class Set { plain, avx2 };
 /// and is compiled once for each set: the same operations in the same order, and so the same bits.
 ///
 /// Matrices and rigid transforms are 16 values, element (r, c) at 4c + r; a box is its minimum and
-/// its maximum, 6 values. Operands are read as a whole before a result is written, in arrays
-/// element by element: a result may take the place of an operand.
+/// its maximum, 6 values. Operands are read as a whole before a result is written, in arrays up to
+/// eight elements at a time: a result may take the place of the operand with the same index.
 template <Set S>
 struct Kernels {
     /// m = a b
