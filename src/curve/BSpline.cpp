@@ -87,7 +87,7 @@ bool CreateBSpline(const std::vector<Vector3d>& controls, unsigned int count,
     const std::vector<Vector3d> p = controls;  // a copy: the controls may be out
     const Sharing sharing = share(m, count);
     const std::vector<Weights> weights[] = {weightsOf(sharing.samples),
-                                            weightsOf(sharing.samples + 1)};
+                                            weightsOf(sharing.extra > 0 ? sharing.samples + 1 : 0)};
     out.reserve(count);
     out.clear();
     if (sharing.start == 1) out.push_back(p[0]);
