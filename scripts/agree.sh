@@ -5,8 +5,9 @@
 # agree.sh [--quick]: installs what is missing, builds the library and its table of functions in many
 # ways, and compares the results of every function, to the last bit: GCC and Clang, without and with
 # optimisation, with link-time optimisation, for plain x86-64 up to what this CPU has, shared and
-# static; then clients of one shared library that are compiled with flags of their own. A difference
-# names the build and the function. --quick takes a few builds that differ most.
+# static, the latter also as on a processor without AVX2; then clients of one shared library that are
+# compiled with flags of their own. A difference names the build and the function. --quick takes a few
+# builds that differ most.
 set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
 bash "$root/scripts/setup.sh" g++ clang llvm make cmake ninja-build libgtest-dev \
@@ -57,6 +58,7 @@ for build in "${builds[@]}"; do
     fi
     compare "$build, shared" "$dir/tests/kymath_functions_KyMath"
     compare "$build, static" "$dir/tests/kymath_functions_Static"
+    WITHOUT_AVX2=1 compare "$build, static, without AVX2" "$dir/tests/kymath_functions_Static"
     echo "$build: $(($(wc -l <"$out/results") - 1)) functions"
 done
 
@@ -72,5 +74,5 @@ for flags in "-O3 -march=${marches[-1]} -ffp-contract=fast" -O0 "-O2 -ffast-math
         echo "a client with $compiler $flags"
     done
 done
-echo "$compared programs compared"
+echo "$compared runs compared"
 exit $status
