@@ -153,9 +153,9 @@ TEST_F(BatchDoubleTest, CompoundsLikeSingleCallsAndKeepsRowThree) {
     Batch::compound(overA.data(), b.data(), overA.data(), kMost);
     Batch::compound(a.data(), overB.data(), overB.data(), kMost);
     for (std::size_t i = 0; i < kMost; ++i) {
-        EXPECT_EQ(expected[i].compound(a[i], b[i]), out[i]);
-        EXPECT_EQ(KyTransform(a[i]).compound(a[i], b[i]), overA[i]);
-        EXPECT_EQ(KyTransform(b[i]).compound(a[i], b[i]), overB[i]);
+        EXPECT_BITS(expected[i].compound(a[i], b[i]).toMatrix44(), out[i].toMatrix44());
+        EXPECT_BITS(KyTransform(a[i]).compound(a[i], b[i]).toMatrix44(), overA[i].toMatrix44());
+        EXPECT_BITS(KyTransform(b[i]).compound(a[i], b[i]).toMatrix44(), overB[i].toMatrix44());
     }
 }
 
