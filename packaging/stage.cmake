@@ -21,6 +21,8 @@ foreach(component RUNTIME DEVELOPMENT DOCUMENTATION)
     file(COPY_FILE ${CPACK_KYMATH_SOURCE_DIR}/CHANGELOG.md ${doc}/changelog)
     execute_process(COMMAND gzip -9n ${doc}/changelog ${doc}/changelog.Debian
                     COMMAND_ERROR_IS_FATAL ANY)
+    file(GLOB files ${doc}/copyright ${doc}/changelog*) # whatever those of the sources are
+    file(CHMOD ${files} FILE_PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)
 endforeach()
 
 # Which packages the library needs, and which version of it a program needs: the minor version that the

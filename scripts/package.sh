@@ -12,6 +12,7 @@ bash "$root/scripts/setup.sh" g++ make cmake ninja-build pkg-config dpkg-dev lin
     libcli11-dev
 cd "$root"
 build=build/package packages=build/packages
+umask 022 # as Debian wants its folders
 rm -rf $packages $build/*.deb
 mkdir -p $packages
 
