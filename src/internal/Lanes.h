@@ -62,19 +62,16 @@ KY_INLINE LanePair<T> loadPair(const T* p) {
     std::memcpy(&v, p, sizeof v);
     return v;
 }
-KY_INLINE Lanes<float> load(const float* p) {
-    Lanes<float> v;
+template <class T>
+KY_INLINE Lanes<T> load(const T* p) {
+    Lanes<T> v;
+#ifdef __AVX__
+    // By 16 bytes, as compilers copy: a load that spans two stores waits until both are in the
+    // cache.
+    if constexpr (sizeof v == 32) return reinterpret_cast<Lanes<T>>(_mm256_loadu2_m128d(p + 2, p));
+#endif
     std::memcpy(&v, p, sizeof v);
     return v;
-}
-// By 16 bytes, as compilers copy: a load that spans two stores has to wait until both are in the
-// cache.
-KY_INLINE Lanes<double> load(const double* p) {
-#ifdef __AVX__
-    return reinterpret_cast<Lanes<double>>(_mm256_loadu2_m128d(p + 2, p));
-#else
-    return __builtin_shufflevector(loadPair(p), loadPair(p + 2), 0, 1, 2, 3);
-#endif
 }
 template <class T, class V>
 KY_INLINE void store(T* p, V v) {
