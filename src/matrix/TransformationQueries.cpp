@@ -61,14 +61,25 @@ void scaleColumns(Matrix44T<T>& m, const Vector3T<T>& factors) {
 
 }  // namespace
 
+namespace {
+
+/// The angles of a matrix whose columns 0, 1, 2 are of unit length.
 template <class T>
-Vector3T<T> getRotationT(const Matrix44T<T>& m, bool normalize) {
-    Matrix44T<T> n(m);
-    if (normalize) normalizeColumns(n);
+Vector3T<T> anglesOf(const Matrix44T<T>& n) {
     const T y = internal::asin(n(0, 2));
     const T x = internal::atan2(-n(1, 2), n(2, 2));
     const T z = internal::atan2(-n(0, 1), n(0, 0));
     return Vector3T<T>(x, y, z);
+}
+
+}  // namespace
+
+template <class T>
+Vector3T<T> getRotationT(const Matrix44T<T>& m, bool normalize) {
+    if (!normalize) return anglesOf(m);
+    Matrix44T<T> n(m);
+    normalizeColumns(n);
+    return anglesOf(n);
 }
 
 template <class T>
