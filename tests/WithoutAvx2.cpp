@@ -3,9 +3,15 @@
 //
 // In programs that link the archive: with WITHOUT_AVX2 in the environment, the library takes the
 // processor for one that has no AVX2.
-#include "lanes/Kernels.h"
-
 #include <cstdlib>
+
+namespace KyMath {
+namespace internal {
+
+extern bool hasAvx2;  // the library's own
+
+}  // namespace internal
+}  // namespace KyMath
 
 namespace {
 

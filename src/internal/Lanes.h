@@ -38,12 +38,6 @@ struct LaneTypes<double> {
 
 template <class T>
 using Lanes = typename LaneTypes<T>::Values;
-/// As many lanes of float as a register holds.
-#ifdef __AVX__
-typedef float WideLanes __attribute__((vector_size(32)));
-#else
-using WideLanes = Lanes<float>;
-#endif
 /// A comparison has all bits of a lane set where it holds.
 template <class T>
 using LaneBits = typename LaneTypes<T>::Bits;
@@ -121,49 +115,6 @@ KY_INLINE void transpose(V (&c)[4]) {
     c[1] = __builtin_shufflevector(b, e, 0, 1, 4, 5);
     c[2] = __builtin_shufflevector(a, d, 2, 3, 6, 7);
     c[3] = __builtin_shufflevector(b, e, 2, 3, 6, 7);
-}
-
-// Elements of three floats, next to each other in memory, and one lane for each. Eight lanes are
-// two groups of four, so that no value crosses the halves of a register.
-
-/// In each group of four: lanes I and J of a, then K and L of b.
-template <int I, int J, int K, int L>
-KY_INLINE WideLanes shuffle(WideLanes a, WideLanes b) {
-#ifdef __AVX__
-    return __builtin_shufflevector(a, b, I, J, 8 + K, 8 + L, 4 + I, 4 + J, 12 + K, 12 + L);
-#else
-    return __builtin_shufflevector(a, b, I, J, 4 + K, 4 + L);
-#endif
-}
-
-KY_INLINE WideLanes loadGroups(const float* p) {
-#ifdef __AVX__
-    return __builtin_shufflevector(load(p), load(p + 12), 0, 1, 2, 3, 4, 5, 6, 7);
-#else
-    return load(p);
-#endif
-}
-KY_INLINE void storeGroups(float* p, WideLanes v) {
-#ifdef __AVX__
-    store(p, __builtin_shufflevector(v, v, 0, 1, 2, 3));
-    store(p + 12, __builtin_shufflevector(v, v, 4, 5, 6, 7));
-#else
-    store(p, v);
-#endif
-}
-
-KY_INLINE void loadThrees(const float* p, WideLanes& x, WideLanes& y, WideLanes& z) {
-    const WideLanes a = loadGroups(p);      // x0 y0 z0 x1
-    const WideLanes b = loadGroups(p + 4);  // y1 z1 x2 y2
-    const WideLanes c = loadGroups(p + 8);  // z2 x3 y3 z3
-    x = shuffle<0, 3, 0, 2>(a, shuffle<2, 2, 1, 1>(b, c));
-    y = shuffle<0, 2, 0, 2>(shuffle<1, 1, 0, 0>(a, b), shuffle<3, 3, 2, 2>(b, c));
-    z = shuffle<0, 2, 0, 3>(shuffle<2, 2, 1, 1>(a, b), c);
-}
-KY_INLINE void storeThrees(float* p, WideLanes x, WideLanes y, WideLanes z) {
-    storeGroups(p, shuffle<0, 2, 0, 2>(shuffle<0, 0, 0, 0>(x, y), shuffle<0, 0, 1, 1>(z, x)));
-    storeGroups(p + 4, shuffle<0, 2, 0, 2>(shuffle<1, 1, 1, 1>(y, z), shuffle<2, 2, 2, 2>(x, y)));
-    storeGroups(p + 8, shuffle<0, 2, 0, 2>(shuffle<2, 2, 3, 3>(z, x), shuffle<3, 3, 3, 3>(y, z)));
 }
 
 }  // namespace internal
