@@ -33,7 +33,7 @@ reproducible() {
 }
 
 bash scripts/setup.sh g++ clang make cmake ninja-build libgtest-dev libeigen3-dev librapidcheck-dev \
-    abigail-tools xz-utils
+    abigail-tools xz-utils libpng-dev libcli11-dev
 cmake --preset release -DKYMATH_TESTS=ON >"$logs/configure.log"
 cmake --build --preset release >"$logs/build.log"
 tests=build/release/tests

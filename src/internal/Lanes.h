@@ -53,14 +53,15 @@ KY_INLINE LanePair<T> loadPair(const T* p) {
 template <class T>
 KY_INLINE Lanes<T> load(const T* p) {
     Lanes<T> v;
-#ifdef __AVX__
-    // By 16 bytes, as compilers copy: a load that spans two stores waits until both are in the
-    // cache.
-    if constexpr (sizeof v == 32) return reinterpret_cast<Lanes<T>>(_mm256_loadu2_m128d(p + 2, p));
-#endif
     std::memcpy(&v, p, sizeof v);
     return v;
 }
+#ifdef __AVX__
+// By 16 bytes, as compilers copy: a load that spans two stores waits until both are in the cache.
+KY_INLINE Lanes<double> load(const double* p) {
+    return reinterpret_cast<Lanes<double>>(_mm256_loadu2_m128d(p + 2, p));
+}
+#endif
 template <class T, class V>
 KY_INLINE void store(T* p, V v) {
     std::memcpy(p, &v, sizeof v);
