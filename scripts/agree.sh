@@ -8,10 +8,9 @@
 # static, the latter also as on a processor without AVX2; then clients of one shared library that are
 # compiled with flags of their own. A difference names the build and the function. --quick takes a few
 # builds that differ most.
-set -euo pipefail
-root=$(cd "$(dirname "$0")/.." && pwd)
-bash "$root/scripts/setup.sh" g++ clang llvm make cmake ninja-build libgtest-dev \
-    libeigen3-dev librapidcheck-dev
+. "$(dirname "$(readlink -f "$0")")/common.sh"
+takes --quick "$@"
+prepare library tests clang
 out=$root/build/agree
 mkdir -p "$out"
 

@@ -6,22 +6,18 @@
 # beside its own arithmetic written inline, prints tables and draws build/performance.svg. It takes
 # some ten minutes, on a machine that should have nothing else to do; --quick takes fewer repetitions.
 # --update puts tables and chart into docs.
-set -euo pipefail
-root=$(cd "$(dirname "$0")/.." && pwd)
+. "$(dirname "$(readlink -f "$0")")/common.sh"
+takes '--quick|--update' "$@"
 quick='' update=''
 for option in "$@"; do
     case $option in
     --quick) quick=1 ;;
     --update) update=1 ;;
-    *) sed -n '5,9s/^# //p' "$0" && exit 1 ;;
     esac
 done
-bash "$root/scripts/setup.sh" g++ make cmake ninja-build libbenchmark-dev libeigen3-dev libglm-dev \
-    libimath-dev libbullet-dev
 
-cd "$root"
-cmake --preset release -DKYMATH_TESTS=OFF -DKYMATH_EXAMPLES=OFF -DKYMATH_BENCHMARKS=ON \
-    --log-level=WARNING
+prepare library peers benchmarks
+configure release -DKYMATH_TESTS=OFF -DKYMATH_EXAMPLES=OFF -DKYMATH_BENCHMARKS=ON
 cmake --build --preset release
 programs=build/release/benchmarks
 results=build/benchmark

@@ -7,13 +7,12 @@
 # cover, of a template in its best instantiation; then all that any instantiation leaves uncovered. It
 # fails for a place that tests/coverage/unreachable.txt does not explain, and for an explanation of
 # nothing.
-set -euo pipefail
-root=$(cd "$(dirname "$0")/.." && pwd)
+. "$(dirname "$(readlink -f "$0")")/common.sh"
+takes '' "$@"
 build=$root/build/coverage
 programs=("kymath_tests_static --gtest_brief=1" kymath_functions_Static) # with their options
 
-bash "$root/scripts/setup.sh" clang-19 libclang-rt-19-dev llvm-19 cmake ninja-build libgtest-dev \
-    libeigen3-dev librapidcheck-dev jq
+prepare library tests coverage
 cmake -S "$root" -B "$build" -G Ninja --log-level=WARNING -DCMAKE_CXX_COMPILER=clang++-19 \
     -DCMAKE_BUILD_TYPE=Debug "-DCMAKE_RUNTIME_OUTPUT_DIRECTORY=$build/bin" -DKYMATH_EXAMPLES=OFF \
     -DCMAKE_CXX_FLAGS="-fprofile-instr-generate -fcoverage-mapping -fcoverage-mcdc"

@@ -3,15 +3,13 @@
 # SPDX-License-Identifier: Apache-2.0
 #
 # demo.sh [OPTION...]: installs what is missing, builds the library and culls a real landscape with
-# it, which writes build/cull.png. The options are those of the program: demo.sh --help shows them.
-set -euo pipefail
-root=$(cd "$(dirname "$0")/.." && pwd)
+# it, which writes build/cull.png. The options are those of the program:
+# build/release/examples/cull --help shows them once it is built.
+. "$(dirname "$(readlink -f "$0")")/common.sh"
 
-# make: what the compiler runs parallel link-time optimisation with
-bash "$root/scripts/setup.sh" g++ make cmake ninja-build libpng-dev libcli11-dev
-cd "$root"
+prepare library examples
 echo "== Building"
-cmake --preset release -DKYMATH_TESTS=OFF -DKYMATH_EXAMPLES=ON --log-level=WARNING
+configure release -DKYMATH_TESTS=OFF
 cmake --build --preset release
 echo "== Culling"
 cd - >/dev/null

@@ -4,11 +4,10 @@
 #
 # docs.sh: installs what is missing and turns the headers, the README and docs into pages to browse,
 # build/docs/html/index.html. It fails for a warning of Doxygen and for a link that leads nowhere.
-set -euo pipefail
-root=$(cd "$(dirname "$0")/.." && pwd)
-bash "$root/scripts/setup.sh" doxygen doxygen-awesome-css python3
+. "$(dirname "$(readlink -f "$0")")/common.sh"
+takes '' "$@"
 
-cd "$root"
+prepare docs
 rm -rf build/docs
 mkdir -p build/docs
 doxygen docs/Doxyfile

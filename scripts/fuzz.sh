@@ -6,13 +6,11 @@
 # trip a sanitizer, for so many seconds per target (10 by default): the functions of each layer of the
 # library, and the readers of the example programs. What it learns is kept in build/fuzz/corpus, what
 # it finds stays in build/fuzz.
-set -euo pipefail
-root=$(cd "$(dirname "$0")/.." && pwd)
-bash "$root/scripts/setup.sh" clang libclang-rt-dev make cmake ninja-build libgtest-dev \
-    libeigen3-dev librapidcheck-dev libpng-dev libcli11-dev libassimp-dev
+. "$(dirname "$(readlink -f "$0")")/common.sh"
+takes '[0-9]+' "$@"
 
-cd "$root"
-cmake --preset fuzz --log-level=WARNING
+prepare library examples peers tests clang
+configure fuzz
 cmake --build --preset fuzz --target fuzzers
 cd build/fuzz
 total=0

@@ -5,13 +5,10 @@
 # lint.sh: installs what is missing and checks that every file names its licence, the layout of all
 # sources with clang-format, and the library, the examples and the benchmarks with clang-tidy.
 # lint.sh --fix lays the sources out instead.
-set -euo pipefail
-root=$(cd "$(dirname "$0")/.." && pwd)
-bash "$root/scripts/setup.sh" g++ make cmake ninja-build libgtest-dev libeigen3-dev \
-    librapidcheck-dev libpng-dev libcli11-dev libassimp-dev libbenchmark-dev libglm-dev \
-    libimath-dev libbullet-dev clang clang-format clang-tidy reuse
+. "$(dirname "$(readlink -f "$0")")/common.sh"
+takes --fix "$@"
 
-cd "$root"
+prepare library examples peers tests benchmarks clang lint
 mapfile -t sources < <(find include src examples tests benchmarks -name '*.h' -o -name '*.cpp' -o -name '*.inc')
 if [[ ${1:-} == --fix ]]; then
     clang-format -i "${sources[@]}"
@@ -23,7 +20,7 @@ trap 'rm -rf "$sources_only"' EXIT
 tar -c --exclude=./build --exclude=./.git . | tar -x -C "$sources_only"
 licences=$(reuse --root "$sources_only" lint 2>&1) || { echo "$licences" && exit 1; }
 clang-format --dry-run -Werror "${sources[@]}"
-cmake --preset clang -DKYMATH_BENCHMARKS=ON --log-level=WARNING >/dev/null
+configure clang -DKYMATH_BENCHMARKS=ON
 find src examples benchmarks -name '*.cpp' -print0 |
     xargs -0 -n 3 -P "$(nproc)" clang-tidy -p build/clang --quiet 2>&1 |
     { grep -vE '^[0-9]+ warnings? generated' || true; } # in headers of the system

@@ -6,11 +6,10 @@
 # libkymath-doc (with the pages of build/docs/html, if there are any) into build/packages, checks them
 # with lintian, and builds programs with what they hold. DEBFULLNAME and DEBEMAIL say who makes the
 # packages: set them for packages that others get.
-set -euo pipefail
-root=$(cd "$(dirname "$0")/.." && pwd)
-bash "$root/scripts/setup.sh" g++ make cmake ninja-build pkg-config dpkg-dev lintian libpng-dev \
-    libcli11-dev
-cd "$root"
+. "$(dirname "$(readlink -f "$0")")/common.sh"
+takes '' "$@"
+
+prepare library examples packages docs
 build=build/package packages=build/packages
 umask 022 # as Debian wants its folders
 rm -rf $packages $build/*.deb
@@ -19,7 +18,7 @@ mkdir -p $packages
 echo "== Building"
 # The same packages from the same sources: times in them are that of the last change.
 export SOURCE_DATE_EPOCH=${SOURCE_DATE_EPOCH:-$(git log -1 --format=%ct 2>/dev/null || date +%s)}
-cmake --preset install -B $build --log-level=WARNING -DCMAKE_INSTALL_PREFIX=/usr \
+configure install -B $build -DCMAKE_INSTALL_PREFIX=/usr \
     -DCMAKE_INSTALL_DOCDIR=share/doc/libkymath-doc
 cmake --build $build
 contact="${DEBFULLNAME:-The KyMath authors} <${DEBEMAIL:-kymath@example.org}>"

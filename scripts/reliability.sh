@@ -5,9 +5,8 @@
 # reliability.sh [--quick]: installs what is missing, proves what docs/reliability.md promises and
 # prints a line per promise with its figure. It takes about two hours on two cores. --quick builds
 # fewer variants, fuzzes briefly and leaves the tests of each build to scripts/test.sh.
-set -euo pipefail
-root=$(cd "$(dirname "$0")/.." && pwd)
-cd "$root"
+. "$(dirname "$(readlink -f "$0")")/common.sh"
+takes --quick "$@"
 logs=$root/build/reliability
 mkdir -p "$logs"
 quick=${1:-}
@@ -32,9 +31,8 @@ reproducible() {
     echo "library and archive, GCC and Clang"
 }
 
-bash scripts/setup.sh g++ clang make cmake ninja-build libgtest-dev libeigen3-dev librapidcheck-dev \
-    abigail-tools xz-utils libpng-dev libcli11-dev
-cmake --preset release -DKYMATH_TESTS=ON >"$logs/configure.log"
+prepare library examples peers tests clang coverage
+configure release
 cmake --build --preset release >"$logs/build.log"
 tests=build/release/tests
 functions=$tests/kymath_functions_KyMath

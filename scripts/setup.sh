@@ -2,21 +2,45 @@
 # SPDX-FileCopyrightText: 2026 The KyMath authors
 # SPDX-License-Identifier: Apache-2.0
 #
-# setup.sh PACKAGE...: installs those of the Debian packages that are missing.
-set -euo pipefail
+# setup.sh PURPOSE...: installs the Debian packages that are missing for
+#
+#     library       to build it
+#     examples      the programs in examples
+#     peers         other libraries, which examples and benchmarks stand beside
+#     tests         to run the tests
+#     clang         to build and test by Clang as well
+#     lint docs packages coverage benchmarks   the script of that name
+. "$(dirname "$(readlink -f "$0")")/common.sh"
+takes 'library|examples|peers|tests|clang|lint|docs|packages|coverage|benchmarks' "$@"
 
-missing=()
-for package in "$@"; do
-    [[ $(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null) == installed ]] ||
-        missing+=("$package")
-done
-((${#missing[@]})) || exit 0
+declare -A packages=(
+    [library]="g++ make cmake ninja-build" # make: for link-time optimisation on all cores
+    [examples]="libpng-dev libcli11-dev"
+    [peers]="libeigen3-dev libglm-dev libimath-dev libbullet-dev libassimp-dev assimp-testmodels"
+    [tests]="libgtest-dev librapidcheck-dev libeigen3-dev pkg-config abigail-tools xz-utils gdb python3"
+    [clang]="clang libclang-rt-dev llvm googletest"
+    [lint]="clang-format clang-tidy reuse"
+    [docs]="doxygen doxygen-awesome-css python3"
+    [packages]="dpkg-dev lintian pkg-config"
+    [coverage]="clang-19 libclang-rt-19-dev llvm-19 jq"
+    [benchmarks]="libbenchmark-dev"
+)
+needed=$(for purpose in "$@"; do printf '%s\n' ${packages[$purpose]}; done | sort -u)
 
-if ((EUID != 0)); then
-    echo "Missing packages; as root: apt-get install ${missing[*]}" >&2
-    exit 1
+if ! command -v apt-get >/dev/null; then
+    echo "Not a Debian system: nothing is installed. Needed is what Debian calls" $needed >&2
+    exit 0
 fi
-echo "== Installing ${missing[*]}"
+missing=$(comm -23 <(echo "$needed") \
+    <(dpkg-query -W -f '${db:Status-Status} ${Package}\n' | sed -n 's/^installed //p' | sort -u) | xargs)
+[[ $missing ]] || exit 0
+install="apt-get install -y --no-install-recommends $missing"
+((EUID == 0)) || stop "packages are missing. As root: apt-get update && $install"
+
+echo "== Installing $missing"
+log=$(mktemp)
+trap 'rm -f "$log"' EXIT
 export DEBIAN_FRONTEND=noninteractive
-apt-get update -qq
-apt-get install -y --no-install-recommends "${missing[@]}"
+apt() { apt-get -qq -o DPkg::Lock::Timeout=300 -o Dpkg::Use-Pty=0 "$@" >>"$log" 2>&1; }
+apt update || true # lists that are there may do
+apt ${install#apt-get } || { grep "^E:" "$log" | head -n 3 >&2; stop "cannot install these: is there a network?"; }

@@ -4,23 +4,16 @@
 #
 # test.sh [PRESET...]: installs what is missing, builds everything and runs the tests, for each of the
 # presets of CMakePresets.json that are named. By default: release.
-set -euo pipefail
-root=$(cd "$(dirname "$0")/.." && pwd)
+. "$(dirname "$(readlink -f "$0")")/common.sh"
+takes 'release|clang|debug|develop|asan|tsan|msan' "$@"
 (($#)) || set -- release
 
-bash "$root/scripts/setup.sh" g++ make cmake ninja-build pkg-config libgtest-dev libeigen3-dev \
-    librapidcheck-dev libglm-dev libimath-dev libbullet-dev libpng-dev libcli11-dev libassimp-dev \
-    assimp-testmodels abigail-tools xz-utils gdb python3
-if [[ " $* " =~ \ (clang|msan)\  ]]; then
-    bash "$root/scripts/setup.sh" clang libclang-rt-dev googletest
-fi
-
-cd "$root"
+[[ " $* " =~ \ (clang|msan)\  ]] && clang=clang || clang=
+prepare library examples peers tests $clang
 for preset in "$@"; do
     echo "== $preset: building"
-    cmake --preset "$preset" -DKYMATH_TESTS=ON ${KYMATH_STRICT:+-DKYMATH_STRICT=$KYMATH_STRICT} \
-        --log-level=WARNING
+    configure "$preset"
     cmake --build --preset "$preset"
     echo "== $preset: testing"
-    ctest --preset "$preset"
+    ctest --preset "$preset" -j "$(nproc)"
 done
