@@ -5,8 +5,8 @@
 
 /// Marks what libKyMath.so exports. Everything else in the library is hidden.
 ///
-/// KY_STATIC is defined while the static archive is compiled: what a program or plug-in takes from
-/// the archive then stays inside it. Clients need not define it.
+/// KY_STATIC is defined while the static archive is compiled: a program or plug-in that links the
+/// archive then exports none of it. Clients need not define it.
 #ifdef KY_STATIC
 #define KY_API
 #else

@@ -13,21 +13,22 @@ namespace Ky {
 
 /// Rotation as three angles in radians and the order of the axes that they turn about.
 ///
-/// Conversions follow K. Shoemake, "Euler Angle Conversion", Graphics Gems IV, 1994, with one more
-/// bit that negates all angles.
+/// Conversions follow K. Shoemake, "Euler Angle Conversion", Graphics Gems IV, 1994, with an
+/// additional bit that negates all angles.
 class KY_API KyEulerAngles {
 public:
-    /// The order, as bits: 0 is the frame (0 static, 1 rotating), 1 repetition (the first axis is
-    /// also the third), 2 parity (1 odd), 3 and 4 the inner axis (0 x, 1 y, 2 z, 3 also x), 5 the
-    /// sign (1 negates all angles). Higher bits mean nothing but are stored, printed and compared.
-    ///
-    /// A name lists the axes of a0, a1, a2. As matrices on column vectors, a static order is the
-    /// product in that sequence and a rotating one in the reverse:
+    /// A name lists the axes of a0, a1, a2. As matrices on column vectors, a static order (s) is
+    /// the product in that sequence and a rotating one (r) in the reverse:
     ///
     ///     eXYZs: R = Rx(a0) Ry(a1) Rz(a2)        eXYZr: R = Rz(a2) Ry(a1) Rx(a0)
     ///
-    /// In the words of other libraries the former are intrinsic rotations, about axes that turn
-    /// along, and the latter extrinsic ones, about fixed axes.
+    /// Other libraries call the former intrinsic rotations, about axes that turn with the object,
+    /// and the latter extrinsic rotations, about fixed axes.
+    ///
+    /// The bits: 0 is the frame (0 static, 1 rotating). 1 is repetition (1 if the first axis is
+    /// also the third). 3 and 4 are the axis of a0 in a static and of a2 in a rotating order (0 x,
+    /// 1 y, 2 z, 3 also x); 2 is 0 if the axis next to it follows it in the cycle x, y, z. 5
+    /// negates all angles. Higher bits have no effect, but are stored, printed and compared.
     enum eEulerOrder : int {
         eXYZs = 0,
         eZYXr = 1,
@@ -53,11 +54,11 @@ public:
         eXYZr = 21,
         eZYZs = 22,
         eZYZr = 23,
-        eNegated = 32  ///< To be added to one of the others: all angles negated.
+        eNegated = 32  ///< Negates all angles; needs a cast: eEulerOrder(eXYZs | eNegated).
     };
 
-    /// The order of angles that are made without one. A program may assign it, before it starts
-    /// threads that read it; eXYZs until then.
+    /// The order of angles that are constructed without one, eXYZs unless assigned. Assign it
+    /// before starting threads that construct angles.
     static eEulerOrder defaultEulerOrder;
 
     /// @name Construction and setting
@@ -67,12 +68,12 @@ public:
     explicit KyEulerAngles(const KyMath::Vector3T<double>& angles,
                            eEulerOrder order = defaultEulerOrder);
     void set(double a0, double a1, double a2, eEulerOrder order);
-    void setOrder(eEulerOrder order);  ///< The angles stay: another rotation, in general.
+    void setOrder(eEulerOrder order);  ///< Keeps the angles, and so changes the rotation.
     /// @}
 
     /// @name Access
     /// @{
-    double& operator[](int i);  ///< Angle i, 0 to 2; not checked.
+    double& operator[](int i);  ///< Angle i, 0 to 2, not checked.
     const double& operator[](int i) const;
     KyMath::Vector3T<double> angles() const;
     eEulerOrder order() const;
@@ -85,26 +86,30 @@ public:
     /// Writes the nine entries of the rotation; m[0..2][3] and m[3] stay as they are.
     void toMatrix44(double (*m)[4]) const;
 
-    /// Sets the angles from the nine entries of a rotation, and the order. Where the first and the
-    /// third axis coincide (within 2^-19), the first angle of the static sequence carries the whole
-    /// turn and the third is a zero.
+    /// Sets the order, and the angles from the nine entries of a rotation. A uniform scale does not
+    /// matter; any other scale, or a mirror, gives the angles of some other rotation.
+    ///
+    /// a0 and a2 lie in [-pi, pi]. With three different axes, a1 lies in [-pi/2, pi/2]. With a
+    /// repeated axis it lies in [-pi, 0] for eXYX, eYZY, eZXZ and in [0, pi] for eXZX, eYXY, eZYZ,
+    /// or the other way round with eNegated. At either end of the range of a1 (within 2^-19), only
+    /// the sum or difference of a0 and a2 is determined: a2 of a static order, a0 of a rotating
+    /// one, is then a zero.
     void fromMatrix44(const double (*m)[4], eEulerOrder order);
 
-    /// The rotation of angles in order from, as angles in order to. Equal orders return angles as
-    /// they are.
+    /// Converts angles from one order to another, keeping the rotation. Equal orders return the
+    /// angles unchanged.
     static KyMath::Vector3T<double> getEulerAngles(const KyMath::Vector3T<double>& angles,
                                                    eEulerOrder from, eEulerOrder to);
     /// @}
 
-    /// @name Comparison within tol
-    /// Two numbers are equal, with d = |p - q|, if d <= tol where |p| <= tol or |q| <= tol,
-    /// otherwise if d / |p| <= tol and d / |q| <= tol. A NaN is equal to nothing.
+    /// @name Comparison within tol, by the mixed rule of Ky/Tolerance.h
     /// @{
 
-    /// Equal orders, to the last bit, and equal angles. Angles are not wrapped: 0 is not 2 pi.
+    /// Whether all bits of the orders are equal, and the angles are. Angles are not wrapped: 0 is
+    /// not 2 pi.
     static bool areEqualTolAndSameOrder(const KyEulerAngles& a, const KyEulerAngles& b, double tol);
 
-    /// The same for equal orders; otherwise whether the entries of both rotations are equal.
+    /// The same for equal orders; for others, whether the entries of both rotations are equal.
     static bool areEqualTol(const KyEulerAngles& a, const KyEulerAngles& b, double tol);
     /// @}
 
@@ -113,8 +118,8 @@ private:
     eEulerOrder order_;
 };
 
-/// Writes [a0 a1 a2 order: n] with 17 digits and no line end, n being the order as a number. The
-/// stream's precision is afterwards what it was.
+/// Writes [a0 a1 a2 order: n] with precision 17 and no line end, n being the order as a number. The
+/// stream's precision is restored; its other flags apply.
 KY_API std::ostream& operator<<(std::ostream& os, const KyEulerAngles& e);
 
 }  // namespace Ky

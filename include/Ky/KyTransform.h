@@ -12,11 +12,11 @@ namespace Ky {
 
 /// Rigid transform, p -> R p + t, as sixteen doubles in the memory order of Matrix44T<double>:
 /// element (r, c) is value 4c + r. Columns 0, 1, 2 hold R (the images of the axes), column 3 holds
-/// t, and row 3 (values 3, 7, 11, 15) is (0, 0, 0, 1) by convention; members that leave it as it is
-/// say so.
+/// t, and row 3 (values 3, 7, 11, 15) is (0, 0, 0, 1) by convention; members that do not set it say
+/// that it stays.
 ///
 /// Compositions read only R and t of their operands, and the inverse of an operand is always the
-/// rigid one (R^T, -R^T t). Nothing checks that R is a rotation but isValid().
+/// rigid one (R^T, -R^T t). Only isValid() checks that R is a rotation.
 class KY_API KyTransform {
 public:
     static const KyTransform kIdentity;
@@ -28,7 +28,7 @@ public:
     KyTransform(double a0, double a1, double a2, double a3, double a4, double a5, double a6,
                 double a7, double a8, double a9, double a10, double a11, double a12, double a13,
                 double a14, double a15);
-    KyTransform(const KyMath::Matrix44T<double>& m);  ///< The sixteen values of m as they are.
+    KyTransform(const KyMath::Matrix44T<double>& m);  ///< Copies all sixteen values.
     /// Rotation by the angles, then translation to position.
     KyTransform(const KyMath::Vector3T<double>& position, const KyEulerAngles& angles);
     static KyTransform createIdentity();
@@ -67,46 +67,47 @@ public:
     /// @{
     bool operator==(const KyTransform& t) const;  ///< Exact, value by value; false with any NaN.
     bool operator!=(const KyTransform& t) const;  ///< Not ==; true with any NaN.
-    /// Whether no value of R and t is further than tol from the identity's. Row 3 is not looked at;
-    /// a NaN passes.
+    /// Whether no value of R and t differs from the identity's by more than tol. Row 3 is ignored,
+    /// and a NaN passes.
     bool isIdentity(double tol) const;
     /// Whether this is a rigid transform within 1e-7: row 3 is (0, 0, 0, 1), R^T R the identity and
-    /// the determinant of R is 1 (so a reflection is not valid). t is not looked at.
+    /// the determinant of R is 1 (so a reflection is not valid). t is ignored.
     bool isValid() const;
     /// @}
 
     /// @name Setting the rotation; the translation stays
     /// @{
 
-    /// Columns x, y, z, taken as they are. Nothing else changes.
+    /// Sets columns x, y, z as given. Nothing else changes.
     void setRotation(const KyMath::Vector3T<double>& x, const KyMath::Vector3T<double>& y,
                      const KyMath::Vector3T<double>& z);
 
-    /// The rotation of q, of any length but zero. Row 3 stays too.
+    /// The rotation of q, which may have any length except zero. Row 3 stays too.
     KyTransform& setRotation(const KyMath::QuaternionT<double>& q);
     KyTransform& makeRotationFromQuaternion(const KyMath::QuaternionT<double>& q);  ///< The same.
 
     /// A rotation whose x axis is dir, normalised:
     ///
     ///     y = (dir.z, 0, -dir.x) / sqrt(dir.z^2 + dir.x^2)   if |dir.x| > |dir.y|,
-    ///     y = (0, -dir.z, dir.y) / sqrt(dir.z^2 + dir.y^2)   otherwise,      z = x x y.
+    ///     y = (0, -dir.z, dir.y) / sqrt(dir.z^2 + dir.y^2)   otherwise,      z = cross(x, y).
     ///
-    /// Returns false if dir is no longer than tol, if the present column 1 is not, or if
-    /// 1 - |dir . column 1| < tol, the two being nearly parallel. Then nothing has changed but that
-    /// column 1 may have been normalised. Row 3 stays.
+    /// Returns false if dir or the present column 1 is no longer than tol, or if they are nearly
+    /// parallel: 1 - |dir . column 1| < tol. Then nothing has changed, except that column 1 may
+    /// have been normalised. Row 3 stays.
     bool setRotation(KyMath::Vector3T<double> dir, double tol);
 
-    /// Makes R orthonormal: column axis (0, 1 or 2; not checked) keeps its direction, the one after
-    /// it is turned as little as needed. If these two are nearly parallel (their cross product no
-    /// longer than the float 0.01), the third column takes the place of the second. Row 3 stays.
+    /// Makes R orthonormal: column axis (0, 1 or 2, not checked) keeps its direction, and the next
+    /// one is turned as little as needed. If the cross product of these two is no longer than the
+    /// float 0.01, because they are nearly parallel or short, the third column takes the place of
+    /// the second. Row 3 stays.
     void makeOrthonormal(int axis);
 
     /// Turns R by the angular velocity omega (radians per unit of time, in the fixed frame) over
-    /// dt, by QuaternionT::finiteRotation.
+    /// dt, by QuaternionT::finiteRotation. Row 3 stays.
     KyTransform& rotateSelf(const KyMath::Vector3T<double>& omega, double dt);
     /// @}
 
-    /// @name Making a pure rotation: the translation becomes 0
+    /// @name Setting R and clearing the translation
     /// @{
     KyTransform& makeRotation(const KyMath::QuaternionT<double>& q);  ///< Row 3 (0, 0, 0, 1).
     /// setRotation(dir, tol); the translation is cleared only on success. Row 3 stays.
@@ -119,8 +120,10 @@ public:
                                        const KyMath::Vector3T<double>& b);
     /// @}
 
-    /// Writes R as a unit quaternion, tolerant of uniform scale: from the trace when it is positive
-    /// (then w > 0), otherwise from the largest diagonal element, the lower index winning a tie.
+    /// Writes the unit quaternion of R, a rotation with any uniform scale: from the trace when it
+    /// is positive (then w > 0), otherwise from the largest diagonal element, the lower index
+    /// winning a tie. The result is not of unit length for other scales, no rotation of use for a
+    /// mirrored R, and NaN for zero.
     void toQuaternion(KyMath::QuaternionT<double>& q) const;
 
     /// @name Points and directions
@@ -130,7 +133,7 @@ public:
     /// @}
 
     /// @name Compounding two transforms into this one
-    /// These write R and t and leave row 3 as it is. Neither operand may be this transform.
+    /// These set R and t; row 3 stays. Either operand may be this transform.
     /// @{
     /// a first, then b: R_b R_a, R_b t_a + t_b.
     KyTransform& compound(const KyTransform& a, const KyTransform& b);
@@ -141,7 +144,7 @@ public:
     /// @}
 
     /// @name Compounding in place
-    /// Row 3 becomes (0, 0, 0, 1). o may be this transform.
+    /// Row 3 becomes (0, 0, 0, 1).
     /// @{
     KyTransform& postCompound(const KyTransform& o);             ///< This first, then o.
     KyTransform& postCompoundWithInverse(const KyTransform& o);  ///< This, then the inverse of o.
@@ -150,9 +153,9 @@ public:
     /// @}
 
     /// @name Interpolation from a (s = 0) to b (s = 1)
-    /// s is not clamped. a and b may be this transform. Row 3 becomes (0, 0, 0, 1).
+    /// s is not clamped. Row 3 becomes (0, 0, 0, 1).
     /// @{
-    /// R by QuaternionT::slerp of both rotations. The translation of this transform stays.
+    /// R by QuaternionT::slerp of both rotations. The translation stays.
     KyTransform& interpolateRotation(const KyTransform& a, const KyTransform& b, double s);
     /// The same, with the translation s t_b + (1 - s) t_a.
     KyTransform& interpolate(const KyTransform& a, const KyTransform& b, double s);

@@ -27,14 +27,14 @@ const float KY_SMALL_REAL<float>::epsilon;
 template <>
 const double KY_SMALL_REAL<double>::epsilon;
 
-/// Whether a and b are equal within e = KY_SMALL_REAL<double>::epsilon, by the library's mixed
-/// rule, d being |a - b|:
+/// Whether a and b are equal within e = KY_SMALL_REAL<double>::epsilon by the mixed rule, which
+/// every comparison within a tolerance uses. With d = |a - b|:
 ///
 ///     d <= e                          when |a| <= e or |b| <= e,
 ///     d / |a| <= e and d / |b| <= e   otherwise.
 ///
-/// Ends count as equal. A NaN is equal to nothing, an infinity not even to itself.
-/// For double only: widen floats first, any other type is refused by the compiler.
+/// The rule is absolute near zero and relative elsewhere. A NaN equals nothing; an infinity does
+/// not even equal itself. Only for double: widen floats first, other types do not compile.
 template <class T>
 bool KY_ARE_EQUAL(T a, T b) = delete;
 template <>

@@ -9,15 +9,15 @@
 
 namespace KyMath {
 
-/// One operation on whole arrays: for each element the bits of the single call that is named, in
+/// One operation on whole arrays: each element gets the same bits as from the single call named, in
 /// less time.
 ///
-/// Each function works on count elements, which may be 0, and then no pointer is used. A result may
-/// be written over the operand with the same index: pass the same array, with the same stride.
-/// Arrays must not overlap otherwise. Nothing is allocated.
+/// If count is 0, no pointer is used. A result may be written over the operand with the same index:
+/// pass the same array with the same stride. Arrays must not overlap otherwise. Nothing is
+/// allocated, and threads may share inputs.
 ///
 /// A stride is the number of bytes from one element to the next, for elements that are members of
-/// larger structures. It is a multiple of alignof(T), and no less than the size of an element.
+/// larger structures. It is a multiple of alignof(T), and at least the size of an element.
 namespace Batch {
 
 /// out[i] = Transformation::transformPositionT(m, in[i]): with division by w.
@@ -32,7 +32,7 @@ KY_API void transformDirections(const Matrix44T<T>& m, const Vector3T<T>* in, Ve
                                 std::size_t count, std::size_t inStride = sizeof(Vector3T<T>),
                                 std::size_t outStride = sizeof(Vector3T<T>));
 
-/// out[i] = in[i] after its transform(m): a box that is not valid comes out as it is.
+/// out[i] = in[i] after its transform(m): a box that is not valid is copied unchanged.
 template <class T>
 KY_API void transformBoxes(const Matrix44T<T>& m, const BoundingBoxT<T>* in, BoundingBoxT<T>* out,
                            std::size_t count, std::size_t inStride = sizeof(BoundingBoxT<T>),
@@ -43,22 +43,22 @@ template <class T>
 KY_API void multiply(const Matrix44T<T>* a, const Matrix44T<T>* b, Matrix44T<T>* out,
                      std::size_t count);
 
-/// out[i] = Matrix44T<T>::multiply(a, b[i]): all b by one matrix, which must not be among out.
+/// out[i] = Matrix44T<T>::multiply(a, b[i]), with one a, which must not be an element of out.
 template <class T>
 KY_API void multiply(const Matrix44T<T>& a, const Matrix44T<T>* b, Matrix44T<T>* out,
                      std::size_t count);
 
-/// out[i].compound(a[i], b[i]): a first, then b. Row 3 of each out[i] stays as it was.
+/// out[i].compound(a[i], b[i]): a first, then b. Row 3 of each out[i] stays.
 KY_API void compound(const Ky::KyTransform* a, const Ky::KyTransform* b, Ky::KyTransform* out,
                      std::size_t count);
 
-/// sides[i] = plane.intersect(boxes[i]): 1, -1 or 0.
+/// sides[i] = plane.intersect(boxes[i]): 1, -1 or 0, meaningless for an empty box.
 template <class T>
 KY_API void classify(const PlaneT<T>& plane, const BoundingBoxT<T>* boxes, signed char* sides,
                      std::size_t count, std::size_t stride = sizeof(BoundingBoxT<T>));
 
 /// visible[i] = region.contains(boxes[i]), as 1 or 0, under the mask on top of the region's stack.
-/// The region's current mask stays as it is.
+/// The region does not change. An empty box is not culled: it gives 1.
 KY_API void cull(const Polytope& region, const BoundingBoxT<double>* boxes, unsigned char* visible,
                  std::size_t count, std::size_t stride = sizeof(BoundingBoxT<double>));
 

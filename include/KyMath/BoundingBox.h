@@ -12,7 +12,8 @@ namespace KyMath {
 ///
 /// The empty box has the largest finite T as its minimum and the negation as its maximum, so that
 /// whatever is merged into it first replaces both. A box is valid when no minimum exceeds its
-/// maximum; a single point is a valid box.
+/// maximum; a single point is a valid box. Test valid() before measuring, hit-testing or culling a
+/// box that may be empty: no other query does.
 template <class T>
 class KY_API BoundingBoxT {
     static_assert(internal::IsScalar<T>::value, "KyMath: the scalar type must be float or double");
@@ -53,6 +54,7 @@ public:
     /// @}
 
     /// @name Measures
+    /// Of the empty box, the centre is 0, the sizes -infinity and both radii +infinity.
     /// @{
     bool valid() const;             ///< max >= min on every axis; false with any NaN.
     Vector3T<T> center() const;     ///< (min + max) 0.5
@@ -65,42 +67,43 @@ public:
     /// Per axis: min becomes the smaller, max the larger value. A NaN changes nothing.
     /// @{
     void expandBy(T x, T y, T z);  ///< To hold the point.
-    /// To hold the box of centre +- radius, formed in double. The sphere's validity is not looked
-    /// at: test an empty one (negative radius) before merging it.
+    /// To hold the box of centre +- radius, formed in double. Do not merge an empty sphere
+    /// (negative radius): its validity is not checked.
     void expandBy(const BoundingSphere& s);
-    BoundingBoxT& operator+=(const BoundingBoxT& b);  ///< To hold b. An empty b changes nothing.
+    BoundingBoxT& operator+=(const BoundingBoxT& b);  ///< To hold b. The empty box changes nothing.
     BoundingBoxT operator+(const BoundingBoxT& b) const;
     BoundingBoxT& operator+=(const BoundingSphere& s);  ///< expandBy(s)
     BoundingBoxT operator+(const BoundingSphere& s) const;
     /// @}
 
-    /// @name Queries: all ends count
+    /// @name Queries: boundaries are inside
     /// @{
     bool contains(const Vector3T<T>& p) const;  ///< min <= p <= max on every axis.
-    /// Whether the boxes share at least a point: a common face, edge or corner is enough. Open for
-    /// a NaN.
+    /// Whether the boxes share at least a point: a common face, edge or corner is enough.
+    /// Unspecified for NaN.
     bool intersects(const BoundingBoxT& b) const;
     /// The common box: the larger minima and the smaller maxima. Not valid() if the boxes are
-    /// apart.
+    /// apart, and then not the empty box either: merging it can change another box.
     BoundingBoxT intersect(const BoundingBoxT& b) const;
     /// Whether the infinite line origin + t direction, t of either sign, passes through the box, by
     /// the slab method. Strict: a line that only grazes an edge or a corner does not, and a box
-    /// without extent on some axis is never hit. Open for a line within the plane of a face and for
-    /// a NaN. A zero component of direction counts as the reciprocal of the largest finite T.
+    /// without extent on some axis is never hit. The empty box is hit by every line, and a box with
+    /// min > max as if its corners were sorted. Unspecified for a line within the plane of a face
+    /// and for NaN. The reciprocal of a zero component of direction is the largest finite T.
     bool intersect(const Vector3T<T>& origin, const Vector3T<T>& direction) const;
     static bool isBetween(T value, T low, T high);  ///< low <= value <= high
     /// @}
 
     /// @name Transformation
-    /// By centre and half-extents. A box that is not valid() stays as it is.
+    /// By centre and half-extents. A box that is not valid() does not change.
     /// @{
 
     /// The box of this box carried through m: half-extents |M| e, M being the upper-left 3x3 block
     /// taken by magnitude; the centre goes through m with division by w. For an affine m the result
-    /// holds every transformed point.
+    /// holds every transformed point up to rounding: some lie outside by a few last bits.
     void transform(const Matrix44T<T>& m);
     /// The same through the inverse of a rigid m: half-extents |M|^T e, centre through
-    /// m.inverse_orthogonal(). Not the inverse of an m with scale or shear.
+    /// m.inverse_orthogonal(). It does not undo scale or shear.
     void inverseTransform(const Matrix44T<T>& m);
     /// @}
 

@@ -8,9 +8,9 @@
 
 namespace KyMath {
 
-/// Sphere in double. It is empty, not valid(), unless its radius is at least 0; growing an empty
-/// sphere makes it the first thing merged, and an empty sphere or box as an argument changes
-/// nothing.
+/// Sphere in double. It is valid() if its radius is at least 0, otherwise empty: the first thing
+/// merged into an empty sphere replaces it, and merging an empty sphere or box changes nothing.
+/// Results hold what they should up to rounding. An infinite point makes the centre NaN.
 ///
 /// expandBy() may move the centre to stay tight; expandRadiusBy() keeps the centre of a valid
 /// sphere.
@@ -36,7 +36,7 @@ public:
     /// @name Growing with a moving centre
     /// @{
 
-    /// To the smallest sphere that holds this one and p. Nothing changes if p lies inside or on it.
+    /// To the smallest sphere that holds this one and p. Nothing changes if p is inside or on it.
     void expandBy(const Vector3T<double>& p);
     /// To the smallest sphere that holds both; the larger one if it holds the other.
     void expandBy(const BoundingSphere& s);

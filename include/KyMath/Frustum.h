@@ -10,14 +10,14 @@
 namespace KyMath {
 
 /// Viewing volume of a camera: six planes in world space, in float, that face inwards. A point is
-/// inside when no plane has it on its negative side. Classify boxes and spheres with
+/// inside when it is on the negative side of no plane. Classify boxes and spheres with
 /// PlaneT::intersect and PlaneT::intersectBoundingSphere of each plane.
 class KY_API Frustum {
 public:
     /// Index of each plane. In clip space (x, y, z, w): eLeft is x >= -w, eRight x <= w, eBottom
     /// y >= -w, eTop y <= w, eFar z <= w and eNear z >= 0 for a perspective projection, z >= -w for
-    /// any other. The library's projections reverse depth: with them, the plane named far is the
-    /// one near the camera.
+    /// any other. With the library's projections, which reverse depth (Transformation.h), the plane
+    /// named far is the one near the camera.
     enum ePlane { eLeft, eRight, eBottom, eTop, eFar, eNear };
 
     Frustum();  ///< Six planes with all coefficients 0.
@@ -25,10 +25,12 @@ public:
     Frustum& operator=(const Frustum& f);
 
     /// Rebuilds all six planes, of unit normal, from the view matrix (world to camera) and the
-    /// projection. The projection counts as perspective when its element (3, 2) is exactly -1.
+    /// projection. The projection counts as perspective when its element (3, 2) is exactly -1, and
+    /// must then map depth to [0, 1], in either direction: with a perspective depth of [-1, 1], the
+    /// plane at the near bound n lies at about 2 n, and what is before it is culled.
     void setToWorldSpaceFrustum(const Matrix44T<float>& view, const Matrix44T<float>& projection);
 
-    const PlaneT<float>& getPlane(unsigned int i) const;  ///< i is an ePlane, 0 to 5; not checked.
+    const PlaneT<float>& getPlane(unsigned int i) const;  ///< i is an ePlane, 0 to 5, not checked.
 
 private:
     PlaneT<float> planes_[6];
@@ -36,12 +38,14 @@ private:
 
 }  // namespace KyMath
 
-/// World-space end points of what a screen position covers: far is m (p.x, p.y, 1, 1), at device
-/// depth 1, and near is m (p.x, p.y, 0, 1), at depth 0, each divided by its own w. m maps
-/// normalised device coordinates to world space, the inverse of projection times view. p.z is
-/// ignored. A w of 0 gives infinities or NaN. The outputs may be p.
+/// World-space points at a screen position: far is m (p.x, p.y, 1, 1), at device depth 1, and near
+/// is m (p.x, p.y, 0, 1), at depth 0, each divided by its own w. m maps normalised device
+/// coordinates to world space: the inverse of projection times view. p.z is ignored. A w of 0 gives
+/// infinities or NaN. The outputs may be p.
 ///
-/// The library's projections reverse depth: with them, depth 1 is the end near the camera.
+/// With the library's projections, which reverse depth (Transformation.h), far is the end near the
+/// camera. near is the other end of a perspective view, but only the middle of an orthographic one,
+/// whose depth goes on to -1: its other end is near + (near - far).
 KY_API void getWorldSpaceSegment(const KyMath::Matrix44T<float>& m,
                                  const KyMath::Vector3T<float>& p, KyMath::Vector3T<float>& far,
                                  KyMath::Vector3T<float>& near);

@@ -13,8 +13,8 @@ namespace KyMath {
 /// Infinite line through p1 and p2. Its points are (1 - t) p1 + t p2; the factor t is 0 at p1 and 1
 /// at p2.
 ///
-/// All thresholds are 1e-7, on squared quantities, and absolute: they do not scale with the lengths
-/// involved. Outputs may be null where a comment says so, and may be arguments or points of a line.
+/// All thresholds are 1e-7 and absolute: they do not scale with the lengths involved. Outputs may
+/// be null where a comment says so, and may be arguments or points of a line.
 class KY_API Line3 {
 public:
     Vector3T<double> p1;  ///< Factor 0.
@@ -24,15 +24,15 @@ public:
     Line3(const Vector3T<double>& first, const Vector3T<double>& second);
 
     bool isValid() const;  ///< p1 != p2; true with any NaN.
-    /// Whether |c|^2 < 1e-7, c being the cross product of both differences p2 - p1.
+    /// Whether |c|^2 < 1e-7, c being the cross product of the two differences p2 - p1.
     bool isParallel(const Line3& line) const;
 
     /// @name Factor of the closest point on this line
     /// @{
-    /// 0 for a line with |p2 - p1|^2 <= 1e-7.
+    /// 0 for a line with |p2 - p1|^2 <= 1e-7, which counts as a point.
     double closestPointFactor(const Vector3T<double>& q) const;
-    /// Of the point closest to another line; 0 if the lines are (nearly) parallel, that is if
-    /// a c - b^2 <= 1e-7 in magnitude, with a, c the squared lengths and b the dot product.
+    /// Of the point closest to another line; 0 if the lines are nearly parallel: |a c - b^2| <=
+    /// 1e-7, with a, c the squared lengths and b the dot product.
     double closestPointFactor(const Line3& line) const;
     /// @}
 
@@ -55,11 +55,10 @@ public:
     /// |------------------------|--------|--------------------------------------------------------|
     /// | above 0                | 0      | [0]: the closest point on the line                     |
     /// | within 1e-7 of 0       | 1      | [0]: the closest point on the line, where they touch   |
-    /// | below                  | 2      | [0]: where the line leaves the sphere, [1]: enters it  |
+    /// | below, or NaN          | 2      | [0]: where the line leaves the sphere, [1]: enters it  |
     ///
-    /// (A gap above 0 counts as a miss however small it is.) count and points may be null; points
-    /// must hold two vectors otherwise. The direction of a line with p1 = p2 is zero: both points
-    /// are then the closest point.
+    /// A gap above 0 counts as a miss, however small it is. count and points may be null; otherwise
+    /// points must have room for two. With p1 = p2, both points are the closest point.
     double distanceTo(const Vector3T<double>& center, double radius, int* count,
                       Vector3T<double>* points);
     /// @}
@@ -67,8 +66,7 @@ public:
 
 /// The piece of a line between p1 and p2, factors 0 to 1.
 ///
-/// The overloads of Line3 for lines and spheres are hidden: they would take the segment as
-/// infinite.
+/// Hides the overloads of Line3 for lines and spheres, which would take the segment as infinite.
 class KY_API Segment3 : public Line3 {
 public:
     Segment3();  ///< Both points (0, 0, 0).
@@ -94,11 +92,11 @@ public:
     double distanceTo(const Vector3T<double>& q, Vector3T<double>* closest) const;
 
     /// Between two segments. The factors of the closest points of the infinite lines are clamped
-    /// each by itself, which is exact where none is clamped, and otherwise an upper bound.
+    /// separately: exact if neither is clamped, otherwise an upper bound.
     ///
-    /// Parallel segments: between the ends that face each other if one lies wholly beyond the
-    /// other, else the distance of segment.p1 from this one, even where another of its points is
-    /// closer.
+    /// Parallel segments, and those that count as points: between the ends that face each other if
+    /// one lies wholly beyond the other, otherwise the distance of segment.p1 from this one, even
+    /// where another of its points is closer. Swapping the segments can then change the result.
     double distanceTo(const Segment3& segment, Vector3T<double>* closest) const;
     /// @}
 };

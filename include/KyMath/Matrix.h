@@ -16,7 +16,7 @@ namespace KyMath {
 /// value 4c + r. Vectors are columns, multiplied on the right: m v. An affine matrix has its
 /// translation in column 3 (values 12, 13, 14) and (0, 0, 0, 1) in row 3 (values 3, 7, 11, 15).
 ///
-/// No member checks an index. Arithmetic follows IEEE rules; nothing reports an error.
+/// No member checks an index. Arithmetic follows IEEE rules and reports no error.
 template <class T>
 class KY_API Matrix44T {
     static_assert(internal::IsScalar<T>::value, "KyMath: the scalar type must be float or double");
@@ -84,10 +84,8 @@ public:
     /// @{
     bool operator==(const Matrix44T& m) const;  ///< Exact, value by value; false with any NaN.
     bool operator!=(const Matrix44T& m) const;  ///< Not ==; true with any NaN.
-    /// Whether each pair of values is equal within tol: with d = |a_i - b_i| formed in T,
-    /// d <= tol when |a_i| <= tol or |b_i| <= tol, otherwise d / |a_i| <= tol and d / |b_i| <= tol.
-    /// The divisions and comparisons are in double. A NaN is equal to nothing, an infinity not even
-    /// to itself.
+    /// Whether each pair of values is equal within tol by the mixed rule of Ky/Tolerance.h, with
+    /// differences formed in T, divided and compared in double.
     bool isEqual(const Matrix44T& m, T tol) const;
     /// a.isEqual(b, T(tol))
     static bool areEqualTol(const Matrix44T& a, const Matrix44T& b, double tol);
@@ -113,8 +111,8 @@ public:
     /// @name Determinants
     /// @{
 
-    /// Determinant of the 3x3 matrix with rows r0, r1, r2 and columns c0, c1, c2 of this one, by
-    /// the rule of Sarrus.
+    /// Determinant of the 3x3 matrix of rows r0, r1, r2 and columns c0, c1, c2, by the rule of
+    /// Sarrus.
     T determinant3x3(unsigned long r0, unsigned long r1, unsigned long r2, unsigned long c0,
                      unsigned long c1, unsigned long c2) const;
     T determinant() const;  ///< Expanded along row 0.
@@ -123,24 +121,25 @@ public:
     /// @name Inverses
     /// @{
 
-    /// General inverse: the adjugate times 1 / det, det being expanded along column 0.
+    /// General inverse: the adjugate times 1 / det, with det expanded along column 0.
     ///
     /// When |det| is at most the machine epsilon of T, the matrix counts as singular, and the
     /// factor is 1e5 with the sign of det (plus for zero) instead of 1 / det; in double it is
-    /// 99999.999999999985. Nothing reports this: compare determinant() first where it matters, and
-    /// mind that a uniform scale of s has the determinant s^3.
+    /// 99999.999999999985. Nothing reports this. Test determinant() first where it matters, with a
+    /// margin: it is expanded along row 0, and cancellation in a nearly singular matrix can make
+    /// the two differ by far more than epsilon. A uniform scale of s has the determinant s^3.
     Matrix44T inverse() const;
     Matrix44T& invert();  ///< *this = inverse()
 
-    /// Inverse of a rigid transform (R, t): (R^T, -R^T t), row 3 (0, 0, 0, 1). R is taken to be
-    /// orthonormal, row 3 to be that of an affine matrix; neither is looked at.
+    /// Inverse of a rigid transform (R, t): (R^T, -R^T t), row 3 (0, 0, 0, 1). Assumes that R is
+    /// orthonormal and row 3 that of an affine matrix; neither is checked.
     Matrix44T inverse_orthogonal() const;
 
     /// Transposes R in place, as inverse_orthogonal() does, but takes the new translation from the
     /// bottom row u = (m(3,0), m(3,1), m(3,2)): t'_i = -(R_i . u), with R_i row i of the old R.
     /// Row 3 becomes (0, 0, 0, 1).
     ///
-    /// For an affine matrix u is zero: the translation is lost. Its inverse is
+    /// For an affine matrix u is zero, and the translation is lost: to invert m in place, write
     /// m = m.inverse_orthogonal().
     Matrix44T& invert_orthogonal();
 
@@ -150,7 +149,7 @@ public:
 
 private:
     struct Unset {};
-    /// Sets no value: for results that are then written as a whole. Not exported.
+    /// Leaves the values unset, for results that are then written as a whole. Not exported.
     __attribute__((visibility("hidden"))) explicit Matrix44T(Unset);
 
     T v_[16];  // element (r, c) at 4c + r

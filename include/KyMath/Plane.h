@@ -9,13 +9,16 @@
 
 namespace KyMath {
 
-/// Oriented plane a x + b y + c z + d = 0 with normal (a, b, c); the positive side is where the
-/// left side is above 0. The normal need not be of unit length.
+/// Oriented plane a x + b y + c z + d = 0 with normal (a, b, c); the left side of the equation is
+/// above 0 on the positive side. The normal need not be of unit length, but should not be tiny.
 ///
-/// A plane caches which corners of a box (numbered as in BoundingBoxT::corner) lie furthest along
+/// A plane caches which corner of a box (numbered as in BoundingBoxT::corner) lies furthest along
 /// its normal, the upper one, and furthest against it, the lower one, so that a box is classified
-/// by two evaluations. All constructors but the default one, set() and the transforms refresh the
-/// cache; plain assignment copies it.
+/// by two evaluations. set(), the transforms, and all constructors except the default one refresh
+/// the cache; plain assignment copies it. A positive component of the normal below the machine
+/// epsilon of T counts as negative there, and intersect() is wrong for boxes that reach across the
+/// plane: normalise such a normal (a cross product of short edges, say) before making a plane of
+/// it. makeUnitLength() alone does not help, as it does not refresh the cache.
 template <class T>
 class KY_API PlaneT {
     static_assert(internal::IsScalar<T>::value, "KyMath: the scalar type must be float or double");
@@ -37,8 +40,8 @@ public:
 
     /// @name Assignment
     /// @{
-    PlaneT& operator=(
-        const PlaneT& plane);  ///< Copies coefficients and corner indices as they are.
+    /// Copies coefficients and corner indices as they are.
+    PlaneT& operator=(const PlaneT& plane);
     void set(T a, T b, T c, T d);
     void set(const Vector4T<T>& v);
     /// @}
@@ -64,11 +67,10 @@ public:
     T distance(const Vector3T<T>& p) const;
 
     /// 1 if the whole box lies strictly on the positive side, -1 if strictly on the negative side,
-    /// 0 if it straddles or touches the plane. An empty box gives a meaningless answer.
+    /// 0 if it straddles or touches the plane. The answer for an empty box is meaningless.
     int intersect(const BoundingBoxT<T>& box) const;
 
-    /// 1, -1 or 0 for a sphere, likewise; one that touches the plane gives 0. The normal is taken
-    /// to be of unit length.
+    /// The same for a sphere; one that touches the plane gives 0. Assumes a normal of unit length.
     int intersectBoundingSphere(const Vector3T<T>& center, T radius) const;
     /// @}
 
@@ -76,7 +78,7 @@ public:
     /// @{
 
     /// Multiplies all four coefficients by 1 / |(a, b, c)|: infinite or NaN for a zero normal. The
-    /// corner indices stay as they were.
+    /// corner indices stay.
     void makeUnitLength();
 
     /// Refreshes the corner indices and returns the lower one. The upper corner takes the maximum
@@ -84,9 +86,9 @@ public:
     /// opposite.
     unsigned int calculateUpperLowerBBCorners();
 
-    /// (a, b, c, d) = m (a, b, c, d), then unit length. m is the matrix that maps plane
-    /// coefficients: for points moved by p' = A p, the transposed inverse of A. It is not formed
-    /// here.
+    /// (a, b, c, d) = m (a, b, c, d), refreshes the corner indices, then makeUnitLength(). m is the
+    /// matrix that maps plane coefficients: for points moved by p' = A p, the transposed inverse of
+    /// A, which is not formed here.
     void transform(const Matrix44T<T>& m);
     void transformProvidingInverse(const Matrix44T<T>& m);  ///< The same as transform().
     /// @}

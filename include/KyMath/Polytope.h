@@ -26,13 +26,14 @@ namespace KyMath {
 ///     }
 ///
 /// The stack is never empty after construction. Every function that changes the list of planes ends
-/// in setupMask(), which pushes: whoever rebuilds a polytope often keeps the stack short with
-/// popCurrentMask(). When memory runs out (std::bad_alloc), a polytope stays as it was.
+/// with setupMask(), which pushes. To rebuild a polytope again and again, call popCurrentMask()
+/// before each change, not after it, which would bring back the mask of the old planes. If
+/// allocation fails (std::bad_alloc), a polytope does not change.
 class KY_API Polytope {
 public:
     /// @name Construction and assignment
     /// @{
-    Polytope();  ///< No planes: it holds every box.
+    Polytope();  ///< No planes: contains every box.
     Polytope(const std::vector<PlaneT<double>>& planes);
     Polytope(const Polytope& p);
     ~Polytope();
@@ -44,8 +45,8 @@ public:
     void set(const std::vector<PlaneT<double>>& planes);  ///< Copies with fresh corner indices.
     void add(const PlaneT<double>& plane);  ///< Appends a copy with fresh corner indices.
     void clear();                           ///< Removes all planes.
-    /// The six faces of the box, inside being the positive side: x > min.x, x < max.x, then y and
-    /// z. The box is not tested for validity.
+    /// The six faces of the box, with their positive sides inwards: x > min.x, x < max.x, then y
+    /// and z. The validity of the box is not checked.
     void setToBoundingBox(const BoundingBoxT<double>& box);
     const std::vector<PlaneT<double>>& getPlanes() const;
     /// @}
@@ -59,14 +60,19 @@ public:
     const std::vector<unsigned int>& getMaskStack() const;  ///< The last element is the top.
     /// @}
 
-    /// Whether the box is not wholly outside any of the planes in the mask on top of the stack:
-    /// true for a box inside and for one that straddles.
+    /// Whether the box is wholly outside none of the planes in the mask on top of the stack: true
+    /// for a box inside, for one that straddles, and for some outside the region near its edges and
+    /// corners, where no single plane separates them.
     ///
-    /// A top of 0 gives true at once and leaves the current mask alone, which is 0 too wherever the
-    /// protocol above is kept. Otherwise the current mask becomes the top, and the planes
+    /// A top of 0 gives true at once and leaves the current mask alone, which is also 0 wherever
+    /// the protocol above is followed. Otherwise the current mask becomes the top, and the planes
     /// are tested in order: one that has the box strictly on its positive side loses its bit, one
     /// that has it strictly on its negative side ends the test with false. After true, the current
     /// mask holds exactly the planes that the box straddles or touches. Allocates nothing.
+    ///
+    /// An empty box, or one with a NaN, is not rejected: test valid() first. This writes the
+    /// current mask, so each thread needs its own copy of a polytope; Batch::cull() does not write
+    /// it.
     bool contains(const BoundingBoxT<double>& box);
 
     /// @name Transformation
@@ -76,9 +82,8 @@ public:
     /// PlaneT::transformProvidingInverse(m) for every plane: coefficients become m times
     /// themselves, then of unit length.
     void transformProvidingInverse(const Matrix44T<double>& m);
-    /// transformProvidingInverse(m.inverse_orthogonal()). Plane coefficients map by the transposed
-    /// inverse of the matrix that moves points, so this does not move the region by m: for that,
-    /// call transformProvidingInverse() with the transposed inverse of m.
+    /// transformProvidingInverse(m.inverse_orthogonal()). This does not move the region by m: for
+    /// that, call transformProvidingInverse() with the transposed inverse of m.
     void transform(const Matrix44T<double>& m);
     /// @}
 

@@ -14,7 +14,7 @@ namespace KyMath {
 /// Quaternion q = w + xi + yj + zk, stored and passed w first: index 0 is w.
 ///
 /// A unit q turns v into q v q*: active, right-handed, in radians. p * q applies q first, then p.
-/// Only normalize() restores unit length.
+/// Only normalize() restores unit length that rounding has worn off.
 template <class T>
 class KY_API QuaternionT {
     static_assert(internal::IsScalar<T>::value, "KyMath: the scalar type must be float or double");
@@ -28,7 +28,7 @@ public:
     QuaternionT();  ///< (1, 0, 0, 0), the identity rotation
     QuaternionT(T w, T x, T y, T z);
     QuaternionT(const T* a);  ///< w, x, y, z = a[0], a[1], a[2], a[3]
-    /// Rotation by angle (radians) about axis, which is normalised first. A zero axis stays zero.
+    /// Rotation by angle (radians) about axis, which is normalised first; a zero axis stays zero.
     QuaternionT(const Vector3T<T>& axis, const T& angle);
     QuaternionT(const QuaternionT& q) = default;
     /// Not from a vector, which has another component order, nor from a matrix or rigid transform,
@@ -54,7 +54,7 @@ public:
     /// @name Access
     /// @{
     void get(T* w, T* x, T* y, T* z) const;  ///< Writes all four; none may be null.
-    void get(T* a) const;                    ///< a[0..3] = w, x, y, z
+    void get(T* a) const;                    ///< a[0..3] = w, x, y, z: room for four
     void get(QuaternionT& q) const;          ///< q = *this
     T w() const;
     T x() const;
@@ -80,9 +80,8 @@ public:
     bool operator>(const QuaternionT&) const = delete;
     bool operator<=(const QuaternionT&) const = delete;
     bool operator>=(const QuaternionT&) const = delete;
-    /// Whether each pair of components is equal within tol: with d = |a_i - b_i|,
-    /// d <= tol when |a_i| <= tol or |b_i| <= tol, otherwise d / |a_i| <= tol and d / |b_i| <= tol,
-    /// all in T. A NaN or infinity is equal to nothing; q and -q, the same rotation, are not equal.
+    /// Whether each pair of components is equal within tol by the mixed rule of Ky/Tolerance.h, all
+    /// in T. q and -q, the same rotation, are not equal.
     static bool areEqualTol(const QuaternionT& a, const QuaternionT& b, T tol);
     /// @}
 
@@ -114,8 +113,8 @@ public:
     /// @}
 
     /// @name Rotation of vectors
-    /// With u = (x, y, z): (w^2 - u.u) v + 2 (u.v) u + 2w (u x v). Not normalised first: the result
-    /// is scaled by the squared length of this quaternion.
+    /// With u = (x, y, z): (w^2 - u.u) v + 2 (u.v) u + 2w (u x v). A quaternion of another length
+    /// than 1 also scales v, by the square of that length.
     /// @{
     Vector3T<T> rotate(const Vector3T<T>& v) const;
     Vector3T<T> operator*(const Vector3T<T>& v) const;  ///< rotate(v)
@@ -123,14 +122,14 @@ public:
 
     /// To unit length. With n = w^2 + x^2 + y^2 + z^2: nothing changes when n is exactly 1; the
     /// identity when n, the squared length, is at most Ky::KY_SMALL_REAL<T>::epsilon; otherwise
-    /// every component is multiplied by 1 / sqrt(n).
+    /// every component is multiplied by 1 / sqrt(n), which gives zeros when n is infinite.
     void normalize();
 
     /// @name Axis and angle, in radians
     /// @{
 
-    /// w = cos(angle / 2), (x, y, z) = sin(angle / 2) axis. The axis is taken as it is, not
-    /// normalised: use the constructor for an axis of any length.
+    /// w = cos(angle / 2), (x, y, z) = sin(angle / 2) axis. The axis is not normalised: use the
+    /// constructor for an axis of any length.
     void fromAxisAngle(T ax, T ay, T az, T angle);
     void fromAxisAngle(const Vector3T<T>& axis, const T& angle);
 
@@ -153,8 +152,8 @@ public:
     ///     rx = atan2(2 (yz + wx), w^2 - x^2 - y^2 + z^2)
     ///     ry = asin(-2 (xz - wy))
     ///
-    /// The argument of asin is not clamped: near a pitch of +-pi/2, rounding can carry it beyond 1,
-    /// and ry is then NaN. No pointer may be null.
+    /// The argument of asin is not clamped: near a pitch of +-pi/2, rounding can push it beyond 1,
+    /// which makes ry NaN. No pointer may be null.
     void toEulerXYZ(T* rx, T* ry, T* rz) const;
     void toEulerXYZ(Vector3T<T>* angles) const;  ///< x, y, z = rx, ry, rz
     /// @}
@@ -168,17 +167,18 @@ public:
     ///
     ///     (sin((1 - t) a) this + sin(t a) q) / sin(a),   cos(a) = |this . q|,
     ///
-    /// q being negated if the dot product is negative. When 1 - cos(a) <= 1e-7, the linear blend
+    /// with q negated if the dot product is negative. When 1 - cos(a) <= 1e-7, the linear blend
     /// (1 - t) this + t q. Not normalised; t is not clamped and extrapolates outside [0, 1].
     QuaternionT slerp(const QuaternionT& q, T t) const;
 
-    /// Sets *this to turn direction `from` into direction `to`, both taken as unit length:
+    /// Sets *this to the rotation that turns direction `from` into direction `to`, both assumed to
+    /// be of unit length:
     ///
     ///     w = sqrt((1 + d) / 2),  (x, y, z) = sqrt((1 - d) / 2) axis,  d = from . to,
     ///
-    /// d being clamped to [-1, 1], axis = from x to normalised. When d is 1 or -1 by
-    /// Ky::KY_ARE_EQUAL, axis is from.getOrthogonal(), which is not of unit length: equal
-    /// directions give the identity, opposite ones a half turn that normalize() completes.
+    /// with d clamped to [-1, 1] and axis = cross(from, to), normalised. When d is 1 or -1 by
+    /// Ky::KY_ARE_EQUAL, axis is from.getOrthogonal(), which may be shorter than 1: equal
+    /// directions give the identity, opposite ones a half turn that may need normalize().
     void fromRotation(const Vector3T<T>& from, const Vector3T<T>& to);
 
 private:

@@ -13,8 +13,11 @@ namespace KyMath {
 /// Functions that build, read and edit transformation and projection matrices, for float and
 /// double.
 ///
-/// Column vectors, translation in column 3, angles in radians. Nothing checks its input: degenerate
-/// values (a zero extent, a zero quaternion, a zero direction) become infinities or NaN.
+/// Column vectors, translation in column 3, angles in radians. Input is not checked: a zero extent
+/// or a zero quaternion gives infinities or NaN.
+///
+/// The projections reverse depth: perspective depth is 1 at the near and 0 at the far bound, and
+/// orthographic depth 1 and -1. Keep the greater depth, and clear to the far value.
 namespace Transformation {
 
 /// @name Scale and translation
@@ -40,11 +43,11 @@ KY_API Matrix44T<T> createRotationT(T x, T y, T z);
 template <class T>
 KY_API Matrix44T<T> createRotationT(const QuaternionT<T>& q);
 
-/// Rotation by angle about axis, which may have any length but zero.
+/// Rotation by angle about axis, which may have any length; the identity for a zero axis.
 template <class T>
 KY_API Matrix44T<T> createRotationT(const Vector3T<T>& axis, T angle);
 
-/// Columns a, b, c: the images of the x, y and z axes, taken as they are.
+/// Columns a, b, c as given: the images of the x, y and z axes.
 template <class T>
 KY_API Matrix44T<T> createRotationFromAxesT(const Vector3T<T>& a, const Vector3T<T>& b,
                                             const Vector3T<T>& c);
@@ -63,15 +66,17 @@ KY_API Matrix44T<T> createRotationFromOuterProductT(const Vector3T<T>& a, const 
 ///     f = target - position,  s = f x up,  w = s x f,  each normalised;  columns f, -s, w,
 ///     position.
 ///
-/// When |f . up| > 1 - 2^-23 (up is taken as it is), up is replaced by a copy with 0.1 added to the
-/// component that follows its largest one, so that looking straight up or down works. A target
-/// equal to position leaves f zero, and with it s and w.
+/// up must be of unit length: it is not normalised. When |f . up| > 1 - 2^-23, up is replaced by a
+/// copy with 0.1 added to the component that follows its largest one, so that looking straight up
+/// or down works. A longer up rolls the frame of an oblique view, too; with a shorter one, looking
+/// straight up leaves s and w zero. A target equal to position leaves f, s and w zero.
 template <class T>
 KY_API Matrix44T<T> createObjectLookAtT(const Vector3T<T>& position, const Vector3T<T>& target,
                                         const Vector3T<T>& up);
 
 /// Camera-to-world transform of a camera at position that looks along its local -z towards target,
-/// with local x to its right and local y up. The view matrix is its inverse.
+/// with local x to its right and local y up. The view matrix is its inverse. up must be of unit
+/// length.
 ///
 /// It is createObjectLookAtT(position, target, up) times createRotationT(pi/2, -pi/2, 0), whose
 /// rounding residues stay in the result.
@@ -84,21 +89,21 @@ KY_API Matrix44T<T> createCameraLookAtT(const Vector3T<T>& position, const Vecto
 /// @{
 
 /// Scales and shifts [left, right], [bottom, top] to [-1, 1], and depth by
-/// z' = (2 z + zFar + zNear) / (zFar - zNear): z = -zNear, in front of the camera, lands at 1,
-/// z = -zFar at -1. The depth range is reversed.
+/// z' = (2 z + zFar + zNear) / (zFar - zNear): z = -zNear, in front of the camera, maps to 1, and
+/// z = -zFar to -1.
 template <class T>
 KY_API Matrix44T<T> createOrthographicT(T left, T right, T bottom, T top, T zNear, T zFar);
 
 /// Reads the six bounds back from a matrix of createOrthographicT. Returns false and writes nothing
 /// when |m(3,3) - 1| exceeds 1e-14, or |m(0,0)|, |m(1,1)| or |m(2,2)| is below it. No other element
-/// is looked at, and a NaN passes.
+/// is checked, and a NaN passes.
 template <class T>
 KY_API bool getOrthographicT(const Matrix44T<T>& m, T& left, T& right, T& bottom, T& top, T& zNear,
                              T& zFar);
 
 /// Perspective projection of the frustum whose near face at z = -zNear spans [left, right] and
 /// [bottom, top]. After division by w, x and y lie in [-1, 1]; depth is 1 at z = -zNear and 0 at
-/// z = -zFar: the range is [0, 1] and reversed.
+/// z = -zFar. An infinite zFar gives NaN.
 template <class T>
 KY_API Matrix44T<T> createFrustumT(T left, T right, T bottom, T top, T zNear, T zFar);
 
@@ -125,20 +130,22 @@ KY_API bool isPerspectiveProjectionT(const Matrix44T<T>& m);
 template <class T>
 KY_API Vector3T<T> getTranslationT(const Matrix44T<T>& m);  ///< (m(0,3), m(1,3), m(2,3))
 
-/// The lengths of columns 0, 1, 2: never negative, so a reflection does not show.
+/// The lengths of columns 0, 1, 2: never negative, even for a reflection.
 template <class T>
 KY_API Vector3T<T> getScaleT(const Matrix44T<T>& m);
 
 /// Angles (x, y, z) of createRotationT(x, y, z), read from m, or with normalize from a copy whose
 /// columns are normalised: y = asin(m(0,2)), x = atan2(-m(1,2), m(2,2)), z = atan2(-m(0,1),
-/// m(0,0)). No special case at y = +-pi/2; y is NaN when |m(0,2)| > 1. decomposeT() treats that
-/// case.
+/// m(0,0)). y is NaN when |m(0,2)| > 1, and y = +-pi/2 is not treated specially, as it is by
+/// decomposeT().
 template <class T>
 KY_API Vector3T<T> getRotationT(const Matrix44T<T>& m, bool normalize);
 
-/// The rotation of m as a unit quaternion, tolerant of uniform scale: from the trace when it is
+/// The rotation of m as a unit quaternion, with any uniform scale: from the trace when it is
 /// positive (then w > 0), otherwise from the largest diagonal element, the lower index winning a
-/// tie (then w may be negative). With removeScale the columns are normalised first.
+/// tie (then w may be negative). With removeScale the columns are normalised first. Without that, a
+/// scale that differs by axis gives another length than 1. A mirrored m gives no rotation of use
+/// (see decomposeT() for the sign), zero gives NaN.
 template <class T>
 KY_API QuaternionT<T> getRotationAsQuaternionT(const Matrix44T<T>& m, bool removeScale);
 
@@ -146,8 +153,8 @@ KY_API QuaternionT<T> getRotationAsQuaternionT(const Matrix44T<T>& m, bool remov
 ///
 /// sign is 1, or -1 when the determinant is below 0 or NaN. scale holds the column lengths.
 /// rotation holds the angles (x, y, z) of createRotationT, read from the normalised columns; within
-/// 1e-7 of y = +-pi/2 (and for a NaN y), z is 0 and x carries the whole turn. Reflected axes are
-/// not turned back: of a matrix with sign -1, the angles are those of the axes as they stand.
+/// 1e-7 of y = +-pi/2 (and for a NaN y), z is 0 and x carries the whole turn. With sign -1, the
+/// angles are those of the axes as they are, mirrored, and composeT() may give another matrix.
 template <class T>
 KY_API void decomposeT(const Matrix44T<T>& m, Vector3T<T>& scale, Vector3T<T>& rotation,
                        Vector3T<T>& translation, T& sign);
@@ -173,9 +180,9 @@ KY_API void setRotationT(Matrix44T<T>& m, const Vector3T<T>& rotation);
 template <class T>
 KY_API Matrix44T<T> rotateToT(const Matrix44T<T>& m, const Vector3T<T>& rotation);  ///< On a copy.
 
-/// Gives columns 0, 1, 2 (four values each) the lengths scale.x, scale.y, scale.z. If one of them
-/// has no length, m is decomposed and composed anew with the scale instead, which gives it a
-/// direction.
+/// Scales columns 0, 1, 2 (four values each) to the lengths scale.x, scale.y, scale.z. If one of
+/// them is zero, m is decomposed and composed anew with the new scale instead: that column gets a
+/// direction, and the others may turn.
 template <class T>
 KY_API void setScaleT(Matrix44T<T>& m, const Vector3T<T>& scale);
 template <class T>
@@ -199,8 +206,8 @@ template <class T>
 KY_API Vector3T<T> linearVelocityT(const Matrix44T<T>& m0, const Matrix44T<T>& m1, T dt);
 
 /// Angular velocity in radians per unit of time, in the fixed frame, by a finite difference: twice
-/// the vector part of (q1 - q0) q0*, times 1 / dt. For rotations that differ little; should q1 come
-/// out with the other sign than q0, the result is large and meaningless.
+/// the vector part of (q1 - q0) q0*, times 1 / dt. For rotations that differ little; if the signs
+/// of q0 and q1 differ, the result is large and meaningless.
 template <class T>
 KY_API Vector3T<T> angularVelocityT(const Matrix44T<T>& m0, const Matrix44T<T>& m1, T dt);
 /// @}

@@ -90,17 +90,18 @@ public:
     /// @{
 
     /// Multiplies by 1 / length when the squared length is above 0. Otherwise (zero, too small to
-    /// square, or NaN) nothing changes.
+    /// square, or NaN) nothing changes. A length too large to square (about 1.8e19 in
+    /// float, 1.3e154 in double) is infinite, and the result 0.
     void normalize();
 
-    /// Writes the length to *length and, when it is above tol (strictly), multiplies by 1 / length
-    /// and returns true. Otherwise, also with NaN, writes 0 to *length, leaves the vector and
-    /// returns false. length must not be null.
+    /// Writes the length to *length and, if it is above tol, multiplies by 1 / length and returns
+    /// true; too large to square, the length is infinite and the result 0. Otherwise, also for NaN,
+    /// writes 0 to *length, leaves the vector unchanged and returns false. length must not be null.
     bool normalize(T tol, T* length);
     /// @}
 
     /// Turns counter-clockwise by angle (radians), in place: (x c - y s, x s + y c) with c = cos,
-    /// s = sin. Nothing is snapped: a quarter turn leaves the rounding of cos(pi/2).
+    /// s = sin. Nothing is snapped: cos of a quarter turn is not exactly 0.
     Vector2T& rotate(T angle);
 
 private:

@@ -13,8 +13,7 @@ namespace KyMath {
 /// Point, direction or normal (x, y, z): three values of T and nothing else, so that an array of T
 /// can be viewed as vectors and a vector as an array.
 ///
-/// No member checks an index or a pointer. Arithmetic follows IEEE rules: degenerate input gives
-/// infinities or NaN, never a trap.
+/// No member checks an index or a pointer; degenerate input follows IEEE arithmetic.
 template <class T>
 class KY_API Vector3T {
     static_assert(internal::IsScalar<T>::value, "KyMath: the scalar type must be float or double");
@@ -73,10 +72,8 @@ public:
     bool operator>(const Vector3T& v) const;   ///< normSquare() > v.normSquare(): longer than v
     bool operator<=(const Vector3T&) const = delete;  ///< It would compare addresses.
     bool operator>=(const Vector3T&) const = delete;
-    /// Whether each pair of components is equal within tol: with d = |a_i - b_i| formed in T,
-    /// d <= tol when |a_i| <= tol or |b_i| <= tol, otherwise d / |a_i| <= tol and d / |b_i| <= tol.
-    /// The divisions and comparisons are in double. A NaN is equal to nothing, an infinity not even
-    /// to itself.
+    /// Whether each pair of components is equal within tol by the mixed rule of Ky/Tolerance.h,
+    /// with differences formed in T, divided and compared in double.
     static bool areEqualTol(const Vector3T& a, const Vector3T& b, double tol);
     bool isZero() const;    ///< All components equal 0 (either sign) exactly.
     bool isFinite() const;  ///< No component is infinite or NaN.
@@ -105,10 +102,9 @@ public:
     /// @{
     T operator*(const Vector3T& v) const;     ///< Dot product x v.x + y v.y + z v.z, left to right.
     Vector3T cross(const Vector3T& v) const;  ///< this x v
-    void postCross(const Vector3T& v);        ///< this = this x v; v must not be this vector.
-    void preCross(const Vector3T& v);         ///< this = v x this; v must not be this vector.
-    /// this = a x b; neither may be this vector.
-    void setCross(const Vector3T& a, const Vector3T& b);
+    void postCross(const Vector3T& v);        ///< this = this x v
+    void preCross(const Vector3T& v);         ///< this = v x this
+    void setCross(const Vector3T& a, const Vector3T& b);  ///< this = a x b
     /// @}
 
     /// @name Lengths
@@ -128,18 +124,19 @@ public:
     /// @{
 
     /// Multiplies by 1 / length when the squared length is above 0. Otherwise (zero, too small to
-    /// square, or NaN) nothing changes.
+    /// square, or NaN) nothing changes. A length too large to square (about 1.8e19 in
+    /// float, 1.3e154 in double) is infinite, and the result 0.
     void normalize();
 
-    /// Writes the length to *length and, when it is above tol (strictly), multiplies by 1 / length
-    /// and returns true. Otherwise, also with NaN, writes 0 to *length, leaves the vector and
-    /// returns false. length must not be null.
+    /// Writes the length to *length and, if it is above tol, multiplies by 1 / length and returns
+    /// true; too large to square, the length is infinite and the result 0. Otherwise, also for NaN,
+    /// writes 0 to *length, leaves the vector unchanged and returns false. length must not be null.
     bool normalize(T tol, T* length);
 
     /// Snaps a vector within tol of a signed coordinate axis to that axis: the largest component,
     /// if its magnitude is within tol of 1, becomes 1 or -1, and the others, if within tol of 0,
-    /// become 0. Returns false and changes nothing if any of them is further off than tol.
-    /// A NaN component counts as within tol.
+    /// become 0. Returns false and changes nothing if any of them is off by more than tol. A NaN
+    /// component counts as within tol.
     bool makeCleanBase(T tol);
     /// @}
 
@@ -147,7 +144,7 @@ public:
     /// @{
 
     /// this = v x e, e being the unit axis that follows v's largest component in cyclic order.
-    /// Orthogonal to v, not of unit length; zero only for a zero v. v may be this vector.
+    /// Orthogonal to v, not of unit length; zero only for a zero v.
     void setOrthogonal(const Vector3T& v);
     Vector3T getOrthogonal() const;  ///< What setOrthogonal(*this) would set.
 
@@ -155,9 +152,9 @@ public:
     /// a zero v changes nothing.
     void orthogonalize(const Vector3T& v);
 
-    /// Splits this vector along the unit direction dir, which is taken as it is:
-    /// *parallel = (this . dir) dir, *perpendicular = this - *parallel. Both are written and must
-    /// not be null. *parallel may be dir, but not this vector.
+    /// Splits this vector along dir, which is assumed to be of unit length:
+    /// *parallel = (this . dir) dir, *perpendicular = this - *parallel. Neither pointer may be
+    /// null; parallel must not point to this vector.
     void project(const Vector3T& dir, Vector3T* parallel, Vector3T* perpendicular) const;
 
     /// Two vectors that span the plane perpendicular to this vector n = (x, y, z):
@@ -166,18 +163,19 @@ public:
     ///     u = (0, -z, y) / sqrt(y^2 + z^2)   otherwise,
     ///     v = n x u.
     ///
-    /// u is of unit length, v as long as n; both are NaN for a zero n. Neither may be n itself.
+    /// u is of unit length, v as long as n; both hold NaN for a zero n. Neither may be n itself.
     void planeSpace(Vector3T& u, Vector3T& v) const;
 
     /// Unit normal of the triangle a, b, c, towards the side that sees it counter-clockwise:
-    /// (b - a) x (c - b), normalised. Returns false, with the plain cross product in normal, if
-    /// that is no longer than the float 1e-4 (for double: that float widened, slightly below 1e-4).
-    /// normal may be one of the points.
+    /// (b - a) x (c - b), normalised. If that product, twice the area, is no longer than the float
+    /// 1e-4 (for double: that float widened, slightly below 1e-4), returns false with the product
+    /// itself in normal: so it is for a triangle of 1 cm, in metres. normal may be one of the
+    /// points.
     static bool planeNormal(const Vector3T& a, const Vector3T& b, const Vector3T& c,
                             Vector3T& normal);
     /// @}
 
-    void print(const char* label) const;  ///< Does nothing: a hook that prints in no build.
+    void print(const char* label) const;  ///< Does nothing.
 
 private:
     T v_[3];  // x, y, z
@@ -200,7 +198,7 @@ namespace Ky {
 
 /// Writes the unsigned angle between a and b, in radians in [0, pi], whatever their lengths:
 /// atan2(|a x b|, a . b). Returns false and leaves angle unchanged if both |a x b| and |a . b| are
-/// below 1e-14, as when one of the vectors is (nearly) zero.
+/// below 1e-14, as for a vector near zero.
 KY_API bool KyComputeAngle(const KyMath::Vector3T<double>& a, const KyMath::Vector3T<double>& b,
                            double& angle);
 

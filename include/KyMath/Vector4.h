@@ -12,7 +12,7 @@
 namespace KyMath {
 
 /// Four values (x, y, z, w) of T and nothing else: a homogeneous point, a matrix row or column, the
-/// coefficients of a plane. Every operation includes w on a par with the others.
+/// coefficients of a plane. Every operation treats w like the other components.
 ///
 /// No member checks an index or a pointer; degenerate input follows IEEE arithmetic.
 template <class T>
@@ -120,12 +120,13 @@ public:
     /// @{
 
     /// Multiplies by 1 / length when the squared length is above 0. Otherwise (zero, too small to
-    /// square, or NaN) nothing changes.
+    /// square, or NaN) nothing changes. A length too large to square (about 1.8e19 in
+    /// float, 1.3e154 in double) is infinite, and the result 0.
     void normalize();
 
-    /// Writes the length to *length and, when it is above tol (strictly), multiplies by 1 / length
-    /// and returns true. Otherwise, also with NaN, writes 0 to *length, leaves the vector and
-    /// returns false. length must not be null.
+    /// Writes the length to *length and, if it is above tol, multiplies by 1 / length and returns
+    /// true; too large to square, the length is infinite and the result 0. Otherwise, also for NaN,
+    /// writes 0 to *length, leaves the vector unchanged and returns false. length must not be null.
     bool normalize(T tol, T* length);
     /// @}
 

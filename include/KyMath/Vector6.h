@@ -10,7 +10,7 @@
 namespace KyMath {
 
 /// Six doubles made of two 3-D halves, such as a force and a torque: components 0 to 2 are the
-/// first half, 3 to 5 the second. There is no default value.
+/// first half, 3 to 5 the second. There is no default constructor.
 class KY_API Vector6 {
 public:
     /// @name Construction and assignment
