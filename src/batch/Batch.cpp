@@ -28,7 +28,7 @@ internal::Strided<T> valuesOf(V* elements, std::size_t stride) {
 }
 
 template <class T>
-internal::Side<T> sideOf(const PlaneT<T>& plane) {
+internal::CullPlane<T> sideOf(const PlaneT<T>& plane) {
     const Vector4T<T>& v = plane.getAsVector4();
     return {{v[0], v[1], v[2], v[3]}, plane.upperBBCorner(), plane.lowerBBCorner()};
 }
@@ -79,7 +79,7 @@ void cull(const Polytope& region, const BoundingBoxT<double>* boxes, unsigned ch
     constexpr std::size_t kMaskBits = 32;
     const unsigned int mask = region.getMaskStack().back();
     const std::vector<PlaneT<double>>& planes = region.getPlanes();
-    internal::Side<double> tested[kMaskBits];
+    internal::CullPlane<double> tested[kMaskBits];
     std::size_t n = 0;
     for (std::size_t i = 0; i < std::min(planes.size(), kMaskBits); ++i) {
         if (mask >> i & 1) tested[n++] = sideOf(planes[i]);

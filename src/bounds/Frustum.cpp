@@ -4,7 +4,7 @@
 
 #include <KyMath/Transformation.h>
 
-#include "internal/Lanes.h"
+#include "lanes/Lanes.h"
 
 #include <limits>
 
@@ -20,9 +20,9 @@ using Lanes = internal::Lanes<float>;
 
 /// 1 / |(a, b, c)| of four planes.
 Lanes reciprocalLengths(Lanes p0, Lanes p1, Lanes p2, Lanes p3) {
-    Lanes v[] = {p0, p1, p2, p3};
+    internal::Columns<float> v = {{p0, p1, p2, p3}};
     internal::transpose(v);
-    const Lanes square = v[0] * v[0] + v[1] * v[1] + v[2] * v[2];
+    const Lanes square = internal::times3(v, v.c);
     return 1 / reinterpret_cast<Lanes>(_mm_sqrt_ps(reinterpret_cast<__m128>(square)));
 }
 
@@ -33,11 +33,11 @@ void Frustum::setToWorldSpaceFrustum(const Matrix44T<float>& view,
     // A plane maps from clip space to world space by the transpose of what maps points the other
     // way: its columns are these rows.
     const Matrix44T<float> product = Matrix44T<float>::multiply(projection, view);
-    Lanes rows[4];
-    for (int c = 0; c < 4; ++c) rows[c] = internal::load(product[c]);
+    internal::Columns<float> rows = internal::loadColumns<float>(product);
     internal::transpose(rows);
     const auto planeOf = [&rows](float a, float b, float c, float d) {
-        return rows[0] * a + rows[1] * b + rows[2] * c + rows[3] * d;
+        const float normal[] = {a, b, c};
+        return internal::times4(rows, normal, d);
     };
     Lanes v[6];
     v[eLeft] = planeOf(1, 0, 0, 1);

@@ -20,21 +20,22 @@ struct Strided {
 /// A plane: its coefficients, and the corners of a box that are furthest on its positive and on its
 /// negative side.
 template <class T>
-struct Side {
+struct CullPlane {
     T v[4];
     unsigned int upper, lower;
 };
 
 /// The instructions that kernels are compiled for: those of every x86-64, or AVX2 besides.
-enum class Set { plain, avx2 };
+enum class Isa { baseline, avx2 };
 
-/// The inner parts of the functions that gain from wider instructions. Kernels.inc defines them,
-/// and is compiled once for each set: the same operations in the same order, and so the same bits.
+/// The inner parts of the functions that gain from wider instructions. Each is defined beside
+/// its type, in MatrixKernels.inc and so on, which lanes/Kernels.inc gathers and which are compiled
+/// once for each set: the same operations in the same order, and so the same bits.
 ///
 /// Matrices and rigid transforms are 16 values, element (r, c) at 4c + r; a box is its minimum and
 /// its maximum, 6 values. Operands are read as a whole before a result is written, in arrays up to
 /// eight elements at a time: a result may take the place of the operand with the same index.
-template <Set S>
+template <Isa S>
 struct Kernels {
     /// m = a b
     template <class T>
@@ -71,11 +72,11 @@ struct Kernels {
                             std::size_t n);
     /// sides[i] = 1, -1 or 0
     template <class T>
-    static void classify(const Side<T>& plane, Strided<const T> boxes, signed char* sides,
+    static void classify(const CullPlane<T>& plane, Strided<const T> boxes, signed char* sides,
                          std::size_t n);
     /// visible[i] = 0 if the box is wholly outside any of the planes, otherwise 1
-    static void cull(const Side<double>* planes, std::size_t count, Strided<const double> boxes,
-                     unsigned char* visible, std::size_t n);
+    static void cull(const CullPlane<double>* planes, std::size_t count,
+                     Strided<const double> boxes, unsigned char* visible, std::size_t n);
     /// @}
 
     /// Samples 0 to count - 1 of the Bezier curve of m control points, three values each, at t = 0,
@@ -97,7 +98,7 @@ extern bool hasAvx2;
 /// Calls the kernel for this processor: KY_KERNEL(multiply(m, a, b)).
 #define KY_KERNEL(...)                                                             \
     (::KyMath::internal::hasAvx2                                                   \
-         ? ::KyMath::internal::Kernels<::KyMath::internal::Set::avx2>::__VA_ARGS__ \
-         : ::KyMath::internal::Kernels<::KyMath::internal::Set::plain>::__VA_ARGS__)
+         ? ::KyMath::internal::Kernels<::KyMath::internal::Isa::avx2>::__VA_ARGS__ \
+         : ::KyMath::internal::Kernels<::KyMath::internal::Isa::baseline>::__VA_ARGS__)
 
 #endif

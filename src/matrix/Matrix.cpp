@@ -3,8 +3,8 @@
 #include <KyMath/Matrix.h>
 
 #include "internal/Components.h"
-#include "internal/Lanes.h"
 #include "lanes/Kernels.h"
+#include "lanes/Lanes.h"
 
 #include <stdexcept>
 #include <type_traits>
@@ -171,8 +171,7 @@ Matrix44T<T> Matrix44T<T>::divide(const Matrix44T& m, T s) {
 template <class T>
 Vector4T<T> Matrix44T<T>::multiplyWithVector(const Matrix44T& m, const Vector4T<T>& v) {
     T p[4];
-    internal::store(p, internal::load(m.v_) * v[0] + internal::load(m.v_ + 4) * v[1] +
-                           internal::load(m.v_ + 8) * v[2] + internal::load(m.v_ + 12) * v[3]);
+    internal::store(p, internal::times4(internal::loadColumns(m.v_), v, v[3]));
     return Vector4T<T>(p);
 }
 template <class T>

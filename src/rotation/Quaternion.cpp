@@ -6,8 +6,8 @@
 
 #include "internal/Components.h"
 #include "internal/Libm.h"
-#include "internal/QuaternionProduct.h"
 #include "lanes/Kernels.h"
+#include "rotation/QuaternionProduct.h"
 
 #include <algorithm>
 #include <cstdio>

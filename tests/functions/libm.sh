@@ -6,7 +6,7 @@
 # src/internal/Libm.h, and only from sources that are known to: results of everything else are the
 # same wherever IEEE arithmetic is.
 set -euo pipefail
-callers='KyEulerAngles Quaternion TransformationBuilders TransformationQueries Vector2 Vector3'
+callers='KyEulerAngles Projection Quaternion Transformation Vector2 Vector3'
 allowed=$(grep -oE '::[a-z0-9]+\(' "$(dirname "$0")/../../src/internal/Libm.h" | tr -d ':(' | sort -u)
 libm=$(nm -D --defined-only "$(${CXX:-c++} -print-file-name=libm.so.6)" | awk '{print $3}' |
     sed 's/@.*//' | sort -u)

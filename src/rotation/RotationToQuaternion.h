@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The KyMath authors
 // SPDX-License-Identifier: Apache-2.0
-#ifndef KYMATH_INTERNAL_ROTATIONTOQUATERNION_H
-#define KYMATH_INTERNAL_ROTATIONTOQUATERNION_H
+#ifndef KYMATH_ROTATION_ROTATIONTOQUATERNION_H
+#define KYMATH_ROTATION_ROTATIONTOQUATERNION_H
 
 #include "internal/Arithmetic.h"
 

@@ -6,8 +6,9 @@
 #include <KyMath/Matrix.h>
 
 #include "internal/Components.h"
-#include "internal/RotationToQuaternion.h"
 #include "lanes/Kernels.h"
+#include "lanes/Lanes.h"
+#include "rotation/RotationToQuaternion.h"
 
 #include <type_traits>
 
@@ -224,20 +225,12 @@ void KyTransform::toQuaternion(Quaterniond& q) const {
     q = KyMath::internal::rotationToQuaternion(v_, squares);
 }
 
-namespace {
-
-/// Row r of the 3x3 block of m, times v.
-double rowTimes(const double* m, int r, const double* v) {
-    return v[0] * m[r] + v[1] * m[4 + r] + v[2] * m[8 + r];
-}
-
-}  // namespace
-
 Vector3d KyTransform::transformPoint(const Vector3d& p) const {
     return transformDirection(p) + getTranslation();
 }
 Vector3d KyTransform::transformDirection(const Vector3d& d) const {
-    return Vector3d(rowTimes(v_, 0, d), rowTimes(v_, 1, d), rowTimes(v_, 2, d));
+    const auto row = [&](int r) { return KyMath::internal::rowTimes3(v_, r, d[0], d[1], d[2]); };
+    return Vector3d(row(0), row(1), row(2));
 }
 
 KyTransform& KyTransform::compound(const KyTransform& a, const KyTransform& b) {

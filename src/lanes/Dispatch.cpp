@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The KyMath authors
 // SPDX-License-Identifier: Apache-2.0
-#define KY_SET Set::plain
-#include "lanes/Kernels.inc"
+#include "lanes/Kernels.h"
 
 namespace KyMath {
 namespace internal {

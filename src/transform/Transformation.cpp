@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <KyMath/Transformation.h>
 
-#include "internal/Lanes.h"
 #include "internal/Libm.h"
-#include "internal/RotationToQuaternion.h"
+#include "lanes/Lanes.h"
+#include "rotation/RotationToQuaternion.h"
 
 #include <cmath>
 
@@ -12,22 +12,105 @@ namespace KyMath {
 namespace Transformation {
 
 template <class T>
+Matrix44T<T> createScaleT(T x, T y, T z) {
+    const double block[3][3] = {{double(x), 0, 0}, {0, double(y), 0}, {0, 0, double(z)}};
+    return Matrix44T<T>(block);
+}
+template <class T>
+Matrix44T<T> createScaleT(const Vector3T<T>& s) {
+    return createScaleT(s.x(), s.y(), s.z());
+}
+
+template <class T>
+Matrix44T<T> createTranslationT(T x, T y, T z) {
+    return Matrix44T<T>(1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, x, y, z, 1);
+}
+template <class T>
+Matrix44T<T> createTranslationT(const Vector3T<T>& v) {
+    return createTranslationT(v.x(), v.y(), v.z());
+}
+
+template <class T>
+Matrix44T<T> createRotationT(T x, T y, T z) {
+    const auto [sz, cz] = internal::sinCos(z);
+    const auto [sy, cy] = internal::sinCos(y);
+    const auto [sx, cx] = internal::sinCos(x);
+    return Matrix44T<T>(cy * cz, sx * sy * cz + cx * sz, sx * sz - cx * sy * cz, 0,   //
+                        -cy * sz, cx * cz - sx * sy * sz, sx * cz + cx * sy * sz, 0,  //
+                        sy, -sx * cy, cx * cy, 0,                                     //
+                        0, 0, 0, 1);
+}
+
+template <class T>
+Matrix44T<T> createRotationT(const QuaternionT<T>& q) {
+    const T norm = q.norm();
+    const T w = q.w() / norm;
+    const T x = q.x() / norm;
+    const T y = q.y() / norm;
+    const T z = q.z() / norm;
+    // The diagonal takes its doubled sum from 1 in double, and is T again after that.
+    const auto diagonal = [](T sum) { return T(1.0 - double(2 * sum)); };
+    return Matrix44T<T>(diagonal(y * y + z * z), 2 * (x * y + z * w), 2 * (x * z - y * w), 0,  //
+                        2 * (x * y - z * w), diagonal(x * x + z * z), 2 * (y * z + x * w), 0,  //
+                        2 * (x * z + y * w), 2 * (y * z - x * w), diagonal(x * x + y * y), 0,  //
+                        0, 0, 0, 1);
+}
+
+template <class T>
+Matrix44T<T> createRotationT(const Vector3T<T>& axis, T angle) {
+    return createRotationT(QuaternionT<T>(axis, angle));
+}
+
+namespace {
+
+/// Columns a, b, c as directions, d as a position.
+template <class T>
+Matrix44T<T> frame(const Vector3T<T>& a, const Vector3T<T>& b, const Vector3T<T>& c,
+                   const Vector3T<T>& d) {
+    return Matrix44T<T>(Vector4T<T>(a, 0), Vector4T<T>(b, 0), Vector4T<T>(c, 0), Vector4T<T>(d, 1));
+}
+
+}  // namespace
+
+template <class T>
+Matrix44T<T> createRotationFromAxesT(const Vector3T<T>& a, const Vector3T<T>& b,
+                                     const Vector3T<T>& c) {
+    return frame(a, b, c, Vector3T<T>());
+}
+
+template <class T>
+Matrix44T<T> createRotationFromOuterProductT(const Vector3T<T>& a, const Vector3T<T>& b) {
+    return createRotationFromAxesT(a * b.x(), a * b.y(), a * b.z());
+}
+
+template <class T>
+Matrix44T<T> createObjectLookAtT(const Vector3T<T>& position, const Vector3T<T>& target,
+                                 const Vector3T<T>& up) {
+    Vector3T<T> forward = target - position;
+    forward.normalize();
+    Vector3T<T> tilted = up;
+    // 1 - 2^-23, the float below 1 by two steps, for double as well.
+    if (std::abs(forward * up) > T(0.99999988079071045)) {
+        tilted[(up.maxComponentIndex() + 1) % 3] += T(0.1);
+    }
+    Vector3T<T> side = forward.cross(tilted);
+    side.normalize();
+    Vector3T<T> above = side.cross(forward);
+    above.normalize();
+    return frame(forward, -side, above, position);
+}
+
+template <class T>
+Matrix44T<T> createCameraLookAtT(const Vector3T<T>& position, const Vector3T<T>& target,
+                                 const Vector3T<T>& up) {
+    constexpr T kHalfPi = T(1.5707963267948966);
+    return Matrix44T<T>::multiply(createObjectLookAtT(position, target, up),
+                                  createRotationT(kHalfPi, -kHalfPi, T(0)));
+}
+
+template <class T>
 Vector3T<T> getTranslationT(const Matrix44T<T>& m) {
     return Vector3T<T>(m(0, 3), m(1, 3), m(2, 3));
-}
-
-template <class T>
-void setTranslationT(Matrix44T<T>& m, const Vector3T<T>& t) {
-    m(0, 3) = t.x();
-    m(1, 3) = t.y();
-    m(2, 3) = t.z();
-}
-
-template <class T>
-Matrix44T<T> translateToT(const Matrix44T<T>& m, const Vector3T<T>& t) {
-    Matrix44T<T> r(m);
-    setTranslationT(r, t);
-    return r;
 }
 
 template <class T>
@@ -50,18 +133,6 @@ Vector3T<T> normalizeColumns(Matrix44T<T>& m) {
     }
     return lengths;
 }
-
-/// Multiplies columns 0, 1, 2 (four values each) by the factors.
-template <class T>
-void scaleColumns(Matrix44T<T>& m, const Vector3T<T>& factors) {
-    for (int c = 0; c < 3; ++c) {
-        for (int r = 0; r < 4; ++r) m[c][r] *= factors[c];
-    }
-}
-
-}  // namespace
-
-namespace {
 
 /// The angles of a matrix whose columns 0, 1, 2 are of unit length.
 template <class T>
@@ -114,6 +185,18 @@ void decomposeT(const Matrix44T<T>& m, Vector3T<T>& scale, Vector3T<T>& rotation
     }
 }
 
+namespace {
+
+/// Multiplies columns 0, 1, 2 (four values each) by the factors.
+template <class T>
+void scaleColumns(Matrix44T<T>& m, const Vector3T<T>& factors) {
+    for (int c = 0; c < 3; ++c) {
+        for (int r = 0; r < 4; ++r) m[c][r] *= factors[c];
+    }
+}
+
+}  // namespace
+
 template <class T>
 Matrix44T<T> composeT(const Vector3T<T>& scale, const Vector3T<T>& rotation,
                       const Vector3T<T>& translation, T sign) {
@@ -124,16 +207,30 @@ Matrix44T<T> composeT(const Vector3T<T>& scale, const Vector3T<T>& rotation,
 }
 
 template <class T>
-Matrix44T<T> rotateToT(const Matrix44T<T>& m, const Vector3T<T>& rotation) {
-    Vector3T<T> scale, former, translation;
-    T sign;
-    decomposeT(m, scale, former, translation, sign);
-    return composeT(scale, rotation, translation, sign);
+void setTranslationT(Matrix44T<T>& m, const Vector3T<T>& t) {
+    m(0, 3) = t.x();
+    m(1, 3) = t.y();
+    m(2, 3) = t.z();
+}
+
+template <class T>
+Matrix44T<T> translateToT(const Matrix44T<T>& m, const Vector3T<T>& t) {
+    Matrix44T<T> r(m);
+    setTranslationT(r, t);
+    return r;
 }
 
 template <class T>
 void setRotationT(Matrix44T<T>& m, const Vector3T<T>& rotation) {
     m = rotateToT(m, rotation);
+}
+
+template <class T>
+Matrix44T<T> rotateToT(const Matrix44T<T>& m, const Vector3T<T>& rotation) {
+    Vector3T<T> scale, former, translation;
+    T sign;
+    decomposeT(m, scale, former, translation, sign);
+    return composeT(scale, rotation, translation, sign);
 }
 
 template <class T>
@@ -156,27 +253,16 @@ Matrix44T<T> scaleToT(const Matrix44T<T>& m, const Vector3T<T>& scale) {
     return r;
 }
 
-namespace {
-
-/// m (v, w), row by row.
-template <class T>
-KY_INLINE internal::Lanes<T> multiply(const Matrix44T<T>& m, const Vector3T<T>& v, T w) {
-    return internal::load(m[0]) * v[0] + internal::load(m[1]) * v[1] + internal::load(m[2]) * v[2] +
-           internal::load(m[3]) * w;
-}
-
-}  // namespace
-
 template <class T>
 Vector3T<T> transformPositionT(const Matrix44T<T>& m, const Vector3T<T>& p) {
-    internal::Lanes<T> h = multiply(m, p, T(1));
+    internal::Lanes<T> h = internal::times4(internal::loadColumns<T>(m), p, T(1));
     h /= h[3];
     return Vector3T<T>(h[0], h[1], h[2]);
 }
 
 template <class T>
 Vector3T<T> transformDirectionT(const Matrix44T<T>& m, const Vector3T<T>& d) {
-    const internal::Lanes<T> h = multiply(m, d, T(0));
+    const internal::Lanes<T> h = internal::times4(internal::loadColumns<T>(m), d, T(0));
     return Vector3T<T>(h[0], h[1], h[2]);
 }
 
@@ -221,16 +307,30 @@ bool isRotation(const Matrix44T<T>& m, T tol) {
 }
 
 #define KY_INSTANTIATE(T)                                                                          \
+    template Matrix44T<T> createScaleT(T, T, T);                                                   \
+    template Matrix44T<T> createScaleT(const Vector3T<T>&);                                        \
+    template Matrix44T<T> createTranslationT(T, T, T);                                             \
+    template Matrix44T<T> createTranslationT(const Vector3T<T>&);                                  \
+    template Matrix44T<T> createRotationT(T, T, T);                                                \
+    template Matrix44T<T> createRotationT(const QuaternionT<T>&);                                  \
+    template Matrix44T<T> createRotationT(const Vector3T<T>&, T);                                  \
+    template Matrix44T<T> createRotationFromAxesT(const Vector3T<T>&, const Vector3T<T>&,          \
+                                                  const Vector3T<T>&);                             \
+    template Matrix44T<T> createRotationFromOuterProductT(const Vector3T<T>&, const Vector3T<T>&); \
+    template Matrix44T<T> createObjectLookAtT(const Vector3T<T>&, const Vector3T<T>&,              \
+                                              const Vector3T<T>&);                                 \
+    template Matrix44T<T> createCameraLookAtT(const Vector3T<T>&, const Vector3T<T>&,              \
+                                              const Vector3T<T>&);                                 \
     template Vector3T<T> getTranslationT(const Matrix44T<T>&);                                     \
-    template void setTranslationT(Matrix44T<T>&, const Vector3T<T>&);                              \
-    template Matrix44T<T> translateToT(const Matrix44T<T>&, const Vector3T<T>&);                   \
     template Vector3T<T> getScaleT(const Matrix44T<T>&);                                           \
     template Vector3T<T> getRotationT(const Matrix44T<T>&, bool);                                  \
     template QuaternionT<T> getRotationAsQuaternionT(const Matrix44T<T>&, bool);                   \
     template void decomposeT(const Matrix44T<T>&, Vector3T<T>&, Vector3T<T>&, Vector3T<T>&, T&);   \
     template Matrix44T<T> composeT(const Vector3T<T>&, const Vector3T<T>&, const Vector3T<T>&, T); \
-    template Matrix44T<T> rotateToT(const Matrix44T<T>&, const Vector3T<T>&);                      \
+    template void setTranslationT(Matrix44T<T>&, const Vector3T<T>&);                              \
+    template Matrix44T<T> translateToT(const Matrix44T<T>&, const Vector3T<T>&);                   \
     template void setRotationT(Matrix44T<T>&, const Vector3T<T>&);                                 \
+    template Matrix44T<T> rotateToT(const Matrix44T<T>&, const Vector3T<T>&);                      \
     template void setScaleT(Matrix44T<T>&, const Vector3T<T>&);                                    \
     template Matrix44T<T> scaleToT(const Matrix44T<T>&, const Vector3T<T>&);                       \
     template Vector3T<T> transformPositionT(const Matrix44T<T>&, const Vector3T<T>&);              \
