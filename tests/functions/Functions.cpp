@@ -9,582 +9,384 @@ namespace KyMath {
 namespace test {
 namespace {
 
-class Table {
-public:
-    std::vector<Function> functions;
+using Entry = std::pair<const char*, void (*)(Call&)>;
 
-    /// What is added belongs to this layer and type, whose indices are below limit.
-    void section(const char* layer, const std::string& type, unsigned limit) {
-        layer_ = layer;
-        type_ = type;
-        limit_ = limit;
+/// The functions of a type, whose indices are below limit.
+struct Table : std::vector<Function> {
+    template <class... E>
+    void add(const char* layer, const std::string& type, unsigned limit, const E&... entries) {
+        (push_back({layer, type + entries.first, limit, entries.second}), ...);
     }
-    void limit(unsigned limit) {
-        limit_ = limit;
-    }
-    void add(const char* name, void (*call)(Call&)) {
-        functions.push_back({layer_, type_ + name, limit_, call});
-    }
-
-private:
-    const char* layer_ = "";
-    std::string type_;
-    unsigned limit_ = 1;
 };
 
 template <class T>
 const std::string kLetter = sizeof(T) == 4 ? "f" : "d";
 
-// (result, class, name, (arguments) const), and for static members and free functions
-// (result, class or namespace, name, (arguments)).
-#define MEMBER(R, C, name, ...) \
-    table.add("::" #name #__VA_ARGS__, Caller<static_cast<R(C::*) __VA_ARGS__>(&C::name)>::call)
-#define STATIC(R, C, name, ...) \
-    table.add("::" #name #__VA_ARGS__, Caller<static_cast<R(*) __VA_ARGS__>(&C::name)>::call)
-// (class, argument types)
-#define CONSTRUCT(...) table.add(" " #__VA_ARGS__, construct<__VA_ARGS__>)
-#define CONSTANT(variable) table.add(" " #variable, read<&variable>)
+// Entries: (result, name, (arguments) const) of a member of Self, the same without const of a
+// static member of Self or a free function, (class, argument types...) of a constructor.
+#define MEMBER(R, name, ...) \
+    Entry("::" #name #__VA_ARGS__, Caller<static_cast<R(Self::*) __VA_ARGS__>(&Self::name)>::call)
+#define STATIC(R, name, ...) \
+    Entry("::" #name #__VA_ARGS__, Caller<static_cast<R(*) __VA_ARGS__>(&Self::name)>::call)
+#define FREE(R, name, ...) \
+    Entry("::" #name #__VA_ARGS__, Caller<static_cast<R(*) __VA_ARGS__>(&name)>::call)
+#define CONSTRUCT(...) Entry(" " #__VA_ARGS__, construct<__VA_ARGS__>)
+#define CONSTANT(variable) Entry(" " #variable, read<&variable>)
 
-// Members that several types share.
-
-#define INDEXING(C, R, CR)                                \
-    do {                                                  \
-        MEMBER(R, C, operator[], (int));                  \
-        MEMBER(R, C, operator[], (unsigned int));         \
-        MEMBER(R, C, operator[], (long));                 \
-        MEMBER(R, C, operator[], (unsigned long));        \
-        MEMBER(CR, C, operator[], (int) const);           \
-        MEMBER(CR, C, operator[], (unsigned int) const);  \
-        MEMBER(CR, C, operator[], (long) const);          \
-        MEMBER(CR, C, operator[], (unsigned long) const); \
-    } while (false)
-
-#define POINTERS(C, T)                                    \
-    do {                                                  \
-        MEMBER(T*, C, operator T*, ());                   \
-        MEMBER(const T*, C, operator const T*, () const); \
-    } while (false)
-
-#define EQUALITY(C)                                    \
-    do {                                               \
-        MEMBER(bool, C, operator==, (const C&) const); \
-        MEMBER(bool, C, operator!=, (const C&) const); \
-    } while (false)
-
-#define SUMS(C)                                    \
-    do {                                           \
-        MEMBER(C&, C, operator+=, (const C&));     \
-        MEMBER(C, C, operator+, (const C&) const); \
-        MEMBER(C&, C, operator-=, (const C&));     \
-        MEMBER(C, C, operator-, (const C&) const); \
-    } while (false)
-
-// What the vectors of two, three and four share.
-#define VECTOR(C, T)                                                \
-    do {                                                            \
-        INDEXING(C, T&, const T&);                                  \
-        POINTERS(C, T);                                             \
-        EQUALITY(C);                                                \
-        MEMBER(bool, C, operator<, (const C&) const);               \
-        MEMBER(bool, C, operator>, (const C&) const);               \
-        STATIC(bool, C, areEqualTol, (const C&, const C&, double)); \
-        SUMS(C);                                                    \
-        MEMBER(C&, C, operator/=, (T));                             \
-        MEMBER(T, C, normSquare, () const);                         \
-        MEMBER(T, C, lengthSqr, () const);                          \
-        MEMBER(T, C, norm, () const);                               \
-        MEMBER(T, C, length, () const);                             \
-        MEMBER(void, C, normalize, ());                             \
-        MEMBER(bool, C, normalize, (T, T*));                        \
-    } while (false)
-
-// What the vectors of three and of four share besides.
-#define SPACE_VECTOR(C, T)                         \
-    do {                                           \
-        VECTOR(C, T);                              \
-        MEMBER(bool, C, isZero, () const);         \
-        MEMBER(bool, C, isFinite, () const);       \
-        MEMBER(C&, C, operator*=, (T));            \
-        MEMBER(C, C, operator/, (const T&) const); \
-        MEMBER(C, C, operator*, (const T&) const); \
-        MEMBER(C, C, operator-, () const);         \
-        MEMBER(T, C, operator*, (const C&) const); \
-    } while (false)
-
-// What a line and a segment share.
-#define LINE(C)                                                            \
-    do {                                                                   \
-        CONSTRUCT(C);                                                      \
-        CONSTRUCT(C, const Vector3d&, const Vector3d&);                    \
-        MEMBER(double, C, closestPointFactor, (const Vector3d&) const);    \
-        MEMBER(double, C, closestPointFactor, (const C&) const);           \
-        MEMBER(Vector3d, C, closestPointTo, (const Vector3d&) const);      \
-        MEMBER(Vector3d, C, closestPointTo, (const C&) const);             \
-        MEMBER(double, C, distanceTo, (const Vector3d&, Vector3d*) const); \
-        MEMBER(double, C, distanceTo, (const C&, Vector3d*) const);        \
-    } while (false)
-
-#define COMPONENT(C, T, name)         \
-    do {                              \
-        MEMBER(T, C, name, () const); \
-        MEMBER(T&, C, name, ());      \
-    } while (false)
+// What several types share.
+#define INDEXING(R, CR)                                                                    \
+    MEMBER(R, operator[], (int)), MEMBER(R, operator[], (unsigned int)),                   \
+        MEMBER(R, operator[], (long)), MEMBER(R, operator[], (unsigned long)),             \
+        MEMBER(CR, operator[], (int) const), MEMBER(CR, operator[], (unsigned int) const), \
+        MEMBER(CR, operator[], (long) const), MEMBER(CR, operator[], (unsigned long) const)
+#define POINTERS(T) MEMBER(T*, operator T*, ()), MEMBER(const T*, operator const T*, () const)
+#define EQUALITY(C) \
+    MEMBER(bool, operator==, (const C&) const), MEMBER(bool, operator!=, (const C&) const)
+#define SUMS(C)                                                                 \
+    MEMBER(C&, operator+=, (const C&)), MEMBER(C, operator+, (const C&) const), \
+        MEMBER(C&, operator-=, (const C&)), MEMBER(C, operator-, (const C&) const)
+#define COMPONENT(T, name) MEMBER(T, name, () const), MEMBER(T&, name, ())
+#define VECTOR(C, T)                                                                             \
+    INDEXING(T&, const T&), POINTERS(T), EQUALITY(C), MEMBER(bool, operator<, (const C&) const), \
+        MEMBER(bool, operator>, (const C&) const),                                               \
+        STATIC(bool, areEqualTol, (const C&, const C&, double)), SUMS(C),                        \
+        MEMBER(C&, operator/=, (T)), MEMBER(T, normSquare, () const),                            \
+        MEMBER(T, lengthSqr, () const), MEMBER(T, norm, () const), MEMBER(T, length, () const),  \
+        MEMBER(void, normalize, ()), MEMBER(bool, normalize, (T, T*))
+#define SPACE_VECTOR(C, T)                                                          \
+    VECTOR(C, T), MEMBER(bool, isZero, () const), MEMBER(bool, isFinite, () const), \
+        MEMBER(C&, operator*=, (T)), MEMBER(C, operator/, (const T&) const),        \
+        MEMBER(C, operator*, (const T&) const), MEMBER(C, operator-, () const),     \
+        MEMBER(T, operator*, (const C&) const)
+#define LINE(C)                                                         \
+    CONSTRUCT(C), CONSTRUCT(C, const Vector3d&, const Vector3d&),       \
+        MEMBER(double, closestPointFactor, (const Vector3d&) const),    \
+        MEMBER(double, closestPointFactor, (const C&) const),           \
+        MEMBER(Vector3d, closestPointTo, (const Vector3d&) const),      \
+        MEMBER(Vector3d, closestPointTo, (const C&) const),             \
+        MEMBER(double, distanceTo, (const Vector3d&, Vector3d*) const), \
+        MEMBER(double, distanceTo, (const C&, Vector3d*) const)
 
 template <class T>
 void addVector2(Table& table) {
-    table.section("vector", "Vector2" + kLetter<T>, 2);
     using V = Vector2T<T>;
-    CONSTANT(V::kZero);
-    CONSTRUCT(V);
-    CONSTRUCT(V, const T*);
-    CONSTRUCT(V, T, T);
-    MEMBER(V&, V, operator=, (const V&));
-    MEMBER(void, V, set, (T, T));
-    COMPONENT(V, T, x);
-    COMPONENT(V, T, y);
-    VECTOR(V, T);
-    MEMBER(V, V, operator/, (T) const);
-    MEMBER(T, V, normSquare, ());
-    MEMBER(T, V, dot, (const V&) const);
-    MEMBER(T, V, cross, (const V&) const);
-    MEMBER(V&, V, rotate, (T));
+    using Self = V;
+    table.add("vector", "Vector2" + kLetter<T>, 2, CONSTANT(V::kZero), CONSTRUCT(V),
+              CONSTRUCT(V, const T*), CONSTRUCT(V, T, T), MEMBER(V&, operator=, (const V&)),
+              MEMBER(void, set, (T, T)), COMPONENT(T, x), COMPONENT(T, y), VECTOR(V, T),
+              MEMBER(V, operator/, (T) const), MEMBER(T, normSquare, ()),
+              MEMBER(T, dot, (const V&) const), MEMBER(T, cross, (const V&) const),
+              MEMBER(V&, rotate, (T)));
 }
 
 template <class T>
 void addVector3(Table& table) {
-    table.section("vector", "Vector3" + kLetter<T>, 3);
     using V = Vector3T<T>;
-    CONSTANT(V::kZero);
-    CONSTRUCT(V);
-    CONSTRUCT(V, const T*);
-    CONSTRUCT(V, T, T, T);
-    MEMBER(void, V, set, (T, T, T));
-    STATIC(void, V, set, (double*, const V&));
-    COMPONENT(V, T, x);
-    COMPONENT(V, T, y);
-    COMPONENT(V, T, z);
-    STATIC(V*, V, cast, (T*));
-    STATIC(const V*, V, constCast, (const T*));
-    SPACE_VECTOR(V, T);
-    MEMBER(void, V, multComp, (const V&));
-    STATIC(V, V, multComp, (const V&, const V&));
-    MEMBER(void, V, addMultiple, (const T&, const V&));
-    MEMBER(void, V, setLinear, (const T&, const V&, const T&, const V&));
-    MEMBER(V, V, cross, (const V&) const);
-    MEMBER(void, V, postCross, (const V&));
-    MEMBER(void, V, preCross, (const V&));
-    MEMBER(void, V, setCross, (const V&, const V&));
-    STATIC(T, V, distanceSqr, (const V&, const V&));
-    STATIC(T, V, distance, (const V&, const V&));
-    MEMBER(int, V, maxComponentIndex, () const);
-    MEMBER(bool, V, makeCleanBase, (T));
-    MEMBER(void, V, setOrthogonal, (const V&));
-    MEMBER(V, V, getOrthogonal, () const);
-    MEMBER(void, V, orthogonalize, (const V&));
-    MEMBER(void, V, project, (const V&, V*, V*) const);
-    MEMBER(void, V, planeSpace, (V&, V&) const);
-    STATIC(bool, V, planeNormal, (const V&, const V&, const V&, V&));
-    MEMBER(void, V, print, (const char*) const);
+    using Self = V;
+    table.add(
+        "vector", "Vector3" + kLetter<T>, 3, CONSTANT(V::kZero), CONSTRUCT(V),
+        CONSTRUCT(V, const T*), CONSTRUCT(V, T, T, T), MEMBER(void, set, (T, T, T)),
+        STATIC(void, set, (double*, const V&)), COMPONENT(T, x), COMPONENT(T, y), COMPONENT(T, z),
+        STATIC(V*, cast, (T*)), STATIC(const V*, constCast, (const T*)), SPACE_VECTOR(V, T),
+        MEMBER(void, multComp, (const V&)), STATIC(V, multComp, (const V&, const V&)),
+        MEMBER(void, addMultiple, (const T&, const V&)),
+        MEMBER(void, setLinear, (const T&, const V&, const T&, const V&)),
+        MEMBER(V, cross, (const V&) const), MEMBER(void, postCross, (const V&)),
+        MEMBER(void, preCross, (const V&)), MEMBER(void, setCross, (const V&, const V&)),
+        STATIC(T, distanceSqr, (const V&, const V&)), STATIC(T, distance, (const V&, const V&)),
+        MEMBER(int, maxComponentIndex, () const), MEMBER(bool, makeCleanBase, (T)),
+        MEMBER(void, setOrthogonal, (const V&)), MEMBER(V, getOrthogonal, () const),
+        MEMBER(void, orthogonalize, (const V&)), MEMBER(void, project, (const V&, V*, V*) const),
+        MEMBER(void, planeSpace, (V&, V&) const),
+        STATIC(bool, planeNormal, (const V&, const V&, const V&, V&)),
+        MEMBER(void, print, (const char*) const));
 }
 
 template <class T>
 void addVector4(Table& table) {
-    table.section("vector", "Vector4" + kLetter<T>, 4);
     using V = Vector4T<T>;
-    CONSTRUCT(V);
-    CONSTRUCT(V, const V&);
-    CONSTRUCT(V, const T*);
-    CONSTRUCT(V, const std::array<T, 4>&);
-    CONSTRUCT(V, T, T, T, T);
-    CONSTRUCT(V, const Vector3T<T>&, T);
-    MEMBER(V&, V, operator=, (const V&));
-    MEMBER(V&, V, operator=, (const T*));
-    MEMBER(void, V, set, (T, T, T, T));
-    MEMBER(void, V, set, (const V&));
-    COMPONENT(V, T, x);
-    COMPONENT(V, T, y);
-    COMPONENT(V, T, z);
-    COMPONENT(V, T, w);
-    MEMBER(Vector3T<T>, V, xyz, () const);
-    SPACE_VECTOR(V, T);
-    MEMBER(T, V, dot, (const V&) const);
+    using Self = V;
+    table.add("vector", "Vector4" + kLetter<T>, 4, CONSTRUCT(V), CONSTRUCT(V, const V&),
+              CONSTRUCT(V, const T*), CONSTRUCT(V, const std::array<T, 4>&),
+              CONSTRUCT(V, T, T, T, T), CONSTRUCT(V, const Vector3T<T>&, T),
+              MEMBER(V&, operator=, (const V&)), MEMBER(V&, operator=, (const T*)),
+              MEMBER(void, set, (T, T, T, T)), MEMBER(void, set, (const V&)), COMPONENT(T, x),
+              COMPONENT(T, y), COMPONENT(T, z), COMPONENT(T, w), MEMBER(Vector3T<T>, xyz, () const),
+              SPACE_VECTOR(V, T), MEMBER(T, dot, (const V&) const));
 }
 
 void addVector6(Table& table) {
-    table.section("vector", "Vector6", 6);
-    CONSTRUCT(Vector6, double, double, double, double, double, double);
-    CONSTRUCT(Vector6, const double*, const double*);
-    MEMBER(Vector6&, Vector6, operator=, (const Vector6&));
-    MEMBER(void, Vector6, set, (const Vector3d&, const Vector3d&));
-    MEMBER(double&, Vector6, operator[], (int));
-    MEMBER(const double&, Vector6, operator[], (int) const);
-    MEMBER(void, Vector6, add, (const Vector6&));
-    MEMBER(void, Vector6, sub, (const Vector6&));
-    MEMBER(void, Vector6, scale, (double));
-    MEMBER(double, Vector6, dot, (const Vector6&) const);
-    MEMBER(double, Vector6, norm, () const);
-    STATIC(std::ostream&, KyMath, operator<<, (std::ostream&, const Vector6&));
+    using Self = Vector6;
+    table.add(
+        "vector", "Vector6", 6, CONSTRUCT(Vector6, double, double, double, double, double, double),
+        CONSTRUCT(Vector6, const double*, const double*),
+        MEMBER(Vector6&, operator=, (const Vector6&)),
+        MEMBER(void, set, (const Vector3d&, const Vector3d&)), MEMBER(double&, operator[], (int)),
+        MEMBER(const double&, operator[], (int) const), MEMBER(void, add, (const Vector6&)),
+        MEMBER(void, sub, (const Vector6&)), MEMBER(void, scale, (double)),
+        MEMBER(double, dot, (const Vector6&) const), MEMBER(double, norm, () const),
+        FREE(std::ostream&, operator<<, (std::ostream&, const Vector6&)));
 }
 
 template <class T>
 void addMatrix(Table& table) {
-    table.section("matrix", "Matrix44" + kLetter<T>, 4);
     using M = Matrix44T<T>;
+    using Self = M;
     using V = Vector4T<T>;
-    CONSTANT(M::kZero);
-    CONSTANT(M::kIdentity);
-    CONSTRUCT(M);
-    CONSTRUCT(M, T, T, T, T, T, T, T, T, T, T, T, T, T, T, T, T);
-    CONSTRUCT(M, const T*);
-    CONSTRUCT(M, const T(*)[4]);
-    CONSTRUCT(M, const V&, const V&, const V&, const V&);
-    CONSTRUCT(M, const double(*)[3]);
-    CONSTRUCT(M, const M&);
-    MEMBER(M&, M, operator=, (const M&));
-    MEMBER(T&, M, operator(), (unsigned long, unsigned long));
-    MEMBER(T, M, operator(), (unsigned long, unsigned long) const);
-    INDEXING(M, T*, const T*);
-    MEMBER(Vector4T<T>, M, row, (unsigned long) const);
-    MEMBER(T*, M, column, (unsigned long));
-    MEMBER(Vector4T<T>, M, column, (unsigned long) const);
-    POINTERS(M, T);
-    POINTERS(M, Ky::KyReal4);
-    EQUALITY(M);
-    MEMBER(bool, M, isEqual, (const M&, T) const);
-    STATIC(bool, M, areEqualTol, (const M&, const M&, double));
-    MEMBER(bool, M, isFinite, () const);
-    STATIC(M, M, multiply, (const M&, const M&));
-    STATIC(M, M, multiply, (const M&, T));
-    STATIC(M, M, divide, (const M&, T));
-    STATIC(Vector4T<T>, M, multiplyWithVector, (const M&, const Vector4T<T>&));
-    MEMBER(M&, M, operator*=, (T));
-    MEMBER(M&, M, operator/=, (T));
-    MEMBER(M&, M, transpose, ());
-    MEMBER(T, M, determinant3x3,
-           (unsigned long, unsigned long, unsigned long, unsigned long, unsigned long,
-            unsigned long) const);
-    MEMBER(T, M, determinant, () const);
-    MEMBER(M, M, inverse, () const);
-    MEMBER(M&, M, invert, ());
-    MEMBER(M, M, inverse_orthogonal, () const);
-    MEMBER(M&, M, invert_orthogonal, ());
-    MEMBER(M, M, inverse_affine, () const);
-    MEMBER(M&, M, invert_affine, ());
+    table.add(
+        "matrix", "Matrix44" + kLetter<T>, 4, CONSTANT(M::kZero), CONSTANT(M::kIdentity),
+        CONSTRUCT(M), CONSTRUCT(M, T, T, T, T, T, T, T, T, T, T, T, T, T, T, T, T),
+        CONSTRUCT(M, const T*), CONSTRUCT(M, const T(*)[4]),
+        CONSTRUCT(M, const V&, const V&, const V&, const V&), CONSTRUCT(M, const double(*)[3]),
+        CONSTRUCT(M, const M&), MEMBER(M&, operator=, (const M&)),
+        MEMBER(T&, operator(), (unsigned long, unsigned long)),
+        MEMBER(T, operator(), (unsigned long, unsigned long) const), INDEXING(T*, const T*),
+        MEMBER(Vector4T<T>, row, (unsigned long) const), MEMBER(T*, column, (unsigned long)),
+        MEMBER(Vector4T<T>, column, (unsigned long) const), POINTERS(T), POINTERS(Ky::KyReal4),
+        EQUALITY(M), MEMBER(bool, isEqual, (const M&, T) const),
+        STATIC(bool, areEqualTol, (const M&, const M&, double)), MEMBER(bool, isFinite, () const),
+        STATIC(M, multiply, (const M&, const M&)), STATIC(M, multiply, (const M&, T)),
+        STATIC(M, divide, (const M&, T)),
+        STATIC(Vector4T<T>, multiplyWithVector, (const M&, const Vector4T<T>&)),
+        MEMBER(M&, operator*=, (T)), MEMBER(M&, operator/=, (T)), MEMBER(M&, transpose, ()),
+        MEMBER(T, determinant3x3,
+               (unsigned long, unsigned long, unsigned long, unsigned long, unsigned long,
+                unsigned long) const),
+        MEMBER(T, determinant, () const), MEMBER(M, inverse, () const), MEMBER(M&, invert, ()),
+        MEMBER(M, inverse_orthogonal, () const), MEMBER(M&, invert_orthogonal, ()),
+        MEMBER(M, inverse_affine, () const), MEMBER(M&, invert_affine, ()));
 }
 
 template <class T>
 void addTransformation(Table& table) {
-    table.section("matrix", "Transformation" + kLetter<T>, 4);
+    using namespace Transformation;
     using M = Matrix44T<T>;
     using V = Vector3T<T>;
     using Q = QuaternionT<T>;
-    STATIC(M, Transformation, createScaleT<T>, (T, T, T));
-    STATIC(M, Transformation, createScaleT<T>, (const V&));
-    STATIC(M, Transformation, createTranslationT<T>, (T, T, T));
-    STATIC(M, Transformation, createTranslationT<T>, (const V&));
-    STATIC(M, Transformation, createRotationT<T>, (T, T, T));
-    STATIC(M, Transformation, createRotationT<T>, (const Q&));
-    STATIC(M, Transformation, createRotationT<T>, (const V&, T));
-    STATIC(M, Transformation, createRotationFromAxesT<T>, (const V&, const V&, const V&));
-    STATIC(M, Transformation, createRotationFromOuterProductT<T>, (const V&, const V&));
-    STATIC(M, Transformation, createObjectLookAtT<T>, (const V&, const V&, const V&));
-    STATIC(M, Transformation, createCameraLookAtT<T>, (const V&, const V&, const V&));
-    STATIC(M, Transformation, createOrthographicT<T>, (T, T, T, T, T, T));
-    STATIC(bool, Transformation, getOrthographicT<T>, (const M&, T&, T&, T&, T&, T&, T&));
-    STATIC(M, Transformation, createFrustumT<T>, (T, T, T, T, T, T));
-    STATIC(bool, Transformation, getFrustumT<T>, (const M&, T&, T&, T&, T&, T&, T&));
-    STATIC(M, Transformation, createPerspectiveT<T>, (T, T, T, T));
-    STATIC(bool, Transformation, isPerspectiveProjectionT<T>, (const M&));
-    STATIC(V, Transformation, getTranslationT<T>, (const M&));
-    STATIC(V, Transformation, getScaleT<T>, (const M&));
-    STATIC(V, Transformation, getRotationT<T>, (const M&, bool));
-    STATIC(Q, Transformation, getRotationAsQuaternionT<T>, (const M&, bool));
-    STATIC(void, Transformation, decomposeT<T>, (const M&, V&, V&, V&, T&));
-    STATIC(M, Transformation, composeT<T>, (const V&, const V&, const V&, T));
-    STATIC(void, Transformation, setTranslationT<T>, (M&, const V&));
-    STATIC(M, Transformation, translateToT<T>, (const M&, const V&));
-    STATIC(void, Transformation, setRotationT<T>, (M&, const V&));
-    STATIC(M, Transformation, rotateToT<T>, (const M&, const V&));
-    STATIC(void, Transformation, setScaleT<T>, (M&, const V&));
-    STATIC(M, Transformation, scaleToT<T>, (const M&, const V&));
-    STATIC(V, Transformation, transformPositionT<T>, (const M&, const V&));
-    STATIC(V, Transformation, transformDirectionT<T>, (const M&, const V&));
-    STATIC(V, Transformation, linearVelocityT<T>, (const M&, const M&, T));
-    STATIC(V, Transformation, angularVelocityT<T>, (const M&, const M&, T));
-    STATIC(bool, Transformation, isRotation<T>, (const M&, T));
+    table.add("matrix", "Transformation" + kLetter<T>, 4, FREE(M, createScaleT<T>, (T, T, T)),
+              FREE(M, createScaleT<T>, (const V&)), FREE(M, createTranslationT<T>, (T, T, T)),
+              FREE(M, createTranslationT<T>, (const V&)), FREE(M, createRotationT<T>, (T, T, T)),
+              FREE(M, createRotationT<T>, (const Q&)), FREE(M, createRotationT<T>, (const V&, T)),
+              FREE(M, createRotationFromAxesT<T>, (const V&, const V&, const V&)),
+              FREE(M, createRotationFromOuterProductT<T>, (const V&, const V&)),
+              FREE(M, createObjectLookAtT<T>, (const V&, const V&, const V&)),
+              FREE(M, createCameraLookAtT<T>, (const V&, const V&, const V&)),
+              FREE(M, createOrthographicT<T>, (T, T, T, T, T, T)),
+              FREE(bool, getOrthographicT<T>, (const M&, T&, T&, T&, T&, T&, T&)),
+              FREE(M, createFrustumT<T>, (T, T, T, T, T, T)),
+              FREE(bool, getFrustumT<T>, (const M&, T&, T&, T&, T&, T&, T&)),
+              FREE(M, createPerspectiveT<T>, (T, T, T, T)),
+              FREE(bool, isPerspectiveProjectionT<T>, (const M&)),
+              FREE(V, getTranslationT<T>, (const M&)), FREE(V, getScaleT<T>, (const M&)),
+              FREE(V, getRotationT<T>, (const M&, bool)),
+              FREE(Q, getRotationAsQuaternionT<T>, (const M&, bool)),
+              FREE(void, decomposeT<T>, (const M&, V&, V&, V&, T&)),
+              FREE(M, composeT<T>, (const V&, const V&, const V&, T)),
+              FREE(void, setTranslationT<T>, (M&, const V&)),
+              FREE(M, translateToT<T>, (const M&, const V&)),
+              FREE(void, setRotationT<T>, (M&, const V&)),
+              FREE(M, rotateToT<T>, (const M&, const V&)), FREE(void, setScaleT<T>, (M&, const V&)),
+              FREE(M, scaleToT<T>, (const M&, const V&)),
+              FREE(V, transformPositionT<T>, (const M&, const V&)),
+              FREE(V, transformDirectionT<T>, (const M&, const V&)),
+              FREE(V, linearVelocityT<T>, (const M&, const M&, T)),
+              FREE(V, angularVelocityT<T>, (const M&, const M&, T)),
+              FREE(bool, isRotation<T>, (const M&, T)));
 }
 
 template <class T>
 void addQuaternion(Table& table) {
-    table.section("rotation", "Quaternion" + kLetter<T>, 4);
     using Q = QuaternionT<T>;
+    using Self = Q;
     using V = Vector3T<T>;
-    CONSTANT(Q::kIdentity);
-    CONSTRUCT(Q);
-    CONSTRUCT(Q, T, T, T, T);
-    CONSTRUCT(Q, const T*);
-    CONSTRUCT(Q, const V&, T);
-    MEMBER(Q&, Q, operator=, (const Q&));
-    MEMBER(Q&, Q, operator=, (const T*));
-    MEMBER(void, Q, set, (T, T, T, T));
-    MEMBER(void, Q, get, (T*, T*, T*, T*) const);
-    MEMBER(void, Q, get, (T*) const);
-    MEMBER(void, Q, get, (Q&) const);
-    MEMBER(T, Q, w, () const);
-    MEMBER(T, Q, x, () const);
-    MEMBER(T, Q, y, () const);
-    MEMBER(T, Q, z, () const);
-    INDEXING(Q, T&, const T&);
-    POINTERS(Q, T);
-    EQUALITY(Q);
-    STATIC(bool, Q, areEqualTol, (const Q&, const Q&, T));
-    SUMS(Q);
-    MEMBER(Q&, Q, operator*=, (const T&));
-    MEMBER(Q, Q, operator*, (const T&) const);
-    MEMBER(Q&, Q, operator/=, (const T&));
-    MEMBER(Q, Q, operator/, (const T&) const);
-    MEMBER(T, Q, dot, (const Q&) const);
-    MEMBER(T, Q, norm, () const);
-    MEMBER(Q&, Q, operator*=, (const Q&));
-    MEMBER(Q, Q, operator*, (const Q&) const);
-    MEMBER(void, Q, invert, ());
-    MEMBER(void, Q, setInverse, (const Q&));
-    MEMBER(Q, Q, getInverse, () const);
-    MEMBER(V, Q, rotate, (const V&) const);
-    MEMBER(V, Q, operator*, (const V&) const);
-    MEMBER(void, Q, normalize, ());
-    MEMBER(void, Q, fromAxisAngle, (T, T, T, T));
-    MEMBER(void, Q, fromAxisAngle, (const V&, const T&));
-    MEMBER(void, Q, toAxisAngle, (T*, T*, T*, T*) const);
-    MEMBER(void, Q, toAxisAngle, (V*, T*) const);
-    MEMBER(void, Q, fromEulerXYZ, (T, T, T));
-    MEMBER(void, Q, toEulerXYZ, (T*, T*, T*) const);
-    MEMBER(void, Q, toEulerXYZ, (V*) const);
-    MEMBER(void, Q, finiteRotation, (const V&, T));
-    MEMBER(Q, Q, slerp, (const Q&, T) const);
-    MEMBER(void, Q, fromRotation, (const V&, const V&));
+    table.add("rotation", "Quaternion" + kLetter<T>, 4, CONSTANT(Q::kIdentity), CONSTRUCT(Q),
+              CONSTRUCT(Q, T, T, T, T), CONSTRUCT(Q, const T*), CONSTRUCT(Q, const V&, T),
+              MEMBER(Q&, operator=, (const Q&)), MEMBER(Q&, operator=, (const T*)),
+              MEMBER(void, set, (T, T, T, T)), MEMBER(void, get, (T*, T*, T*, T*) const),
+              MEMBER(void, get, (T*) const), MEMBER(void, get, (Q&) const), MEMBER(T, w, () const),
+              MEMBER(T, x, () const), MEMBER(T, y, () const), MEMBER(T, z, () const),
+              INDEXING(T&, const T&), POINTERS(T), EQUALITY(Q),
+              STATIC(bool, areEqualTol, (const Q&, const Q&, T)), SUMS(Q),
+              MEMBER(Q&, operator*=, (const T&)), MEMBER(Q, operator*, (const T&) const),
+              MEMBER(Q&, operator/=, (const T&)), MEMBER(Q, operator/, (const T&) const),
+              MEMBER(T, dot, (const Q&) const), MEMBER(T, norm, () const),
+              MEMBER(Q&, operator*=, (const Q&)), MEMBER(Q, operator*, (const Q&) const),
+              MEMBER(void, invert, ()), MEMBER(void, setInverse, (const Q&)),
+              MEMBER(Q, getInverse, () const), MEMBER(V, rotate, (const V&) const),
+              MEMBER(V, operator*, (const V&) const), MEMBER(void, normalize, ()),
+              MEMBER(void, fromAxisAngle, (T, T, T, T)),
+              MEMBER(void, fromAxisAngle, (const V&, const T&)),
+              MEMBER(void, toAxisAngle, (T*, T*, T*, T*) const),
+              MEMBER(void, toAxisAngle, (V*, T*) const), MEMBER(void, fromEulerXYZ, (T, T, T)),
+              MEMBER(void, toEulerXYZ, (T*, T*, T*) const), MEMBER(void, toEulerXYZ, (V*) const),
+              MEMBER(void, finiteRotation, (const V&, T)), MEMBER(Q, slerp, (const Q&, T) const),
+              MEMBER(void, fromRotation, (const V&, const V&)));
 }
 
 template <class T>
 void addBoundingBox(Table& table) {
-    table.section("bounds", "BoundingBox" + kLetter<T>, 8);
     using B = BoundingBoxT<T>;
+    using Self = B;
     using V = Vector3T<T>;
     using M = Matrix44T<T>;
-    CONSTRUCT(B);
-    CONSTRUCT(B, T, T, T, T, T, T);
-    CONSTRUCT(B, const V&, const V&);
-    MEMBER(void, B, init, ());
-    MEMBER(void, B, set, (T, T, T, T, T, T));
-    MEMBER(void, B, set, (const V&, const V&));
-    COMPONENT(B, T, xMin);
-    COMPONENT(B, T, yMin);
-    COMPONENT(B, T, zMin);
-    COMPONENT(B, T, xMax);
-    COMPONENT(B, T, yMax);
-    COMPONENT(B, T, zMax);
-    MEMBER(V&, B, getMin, ());
-    MEMBER(V&, B, getMax, ());
-    MEMBER(const V&, B, getMin, () const);
-    MEMBER(const V&, B, getMax, () const);
-    MEMBER(V, B, corner, (unsigned int) const);
-    MEMBER(bool, B, valid, () const);
-    MEMBER(V, B, center, () const);
-    MEMBER(V, B, getBBSize, () const);
-    MEMBER(T, B, radius, () const);
-    MEMBER(T, B, radius2, () const);
-    MEMBER(void, B, expandBy, (T, T, T));
-    MEMBER(void, B, expandBy, (const BoundingSphere&));
-    MEMBER(B&, B, operator+=, (const B&));
-    MEMBER(B, B, operator+, (const B&) const);
-    MEMBER(B&, B, operator+=, (const BoundingSphere&));
-    MEMBER(B, B, operator+, (const BoundingSphere&) const);
-    MEMBER(bool, B, contains, (const V&) const);
-    MEMBER(bool, B, intersects, (const B&) const);
-    MEMBER(B, B, intersect, (const B&) const);
-    MEMBER(bool, B, intersect, (const V&, const V&) const);
-    STATIC(bool, B, isBetween, (T, T, T));
-    MEMBER(void, B, transform, (const M&));
-    MEMBER(void, B, inverseTransform, (const M&));
+    table.add(
+        "bounds", "BoundingBox" + kLetter<T>, 8, CONSTRUCT(B), CONSTRUCT(B, T, T, T, T, T, T),
+        CONSTRUCT(B, const V&, const V&), MEMBER(void, init, ()),
+        MEMBER(void, set, (T, T, T, T, T, T)), MEMBER(void, set, (const V&, const V&)),
+        COMPONENT(T, xMin), COMPONENT(T, yMin), COMPONENT(T, zMin), COMPONENT(T, xMax),
+        COMPONENT(T, yMax), COMPONENT(T, zMax), MEMBER(V&, getMin, ()), MEMBER(V&, getMax, ()),
+        MEMBER(const V&, getMin, () const), MEMBER(const V&, getMax, () const),
+        MEMBER(V, corner, (unsigned int) const), MEMBER(bool, valid, () const),
+        MEMBER(V, center, () const), MEMBER(V, getBBSize, () const), MEMBER(T, radius, () const),
+        MEMBER(T, radius2, () const), MEMBER(void, expandBy, (T, T, T)),
+        MEMBER(void, expandBy, (const BoundingSphere&)), MEMBER(B&, operator+=, (const B&)),
+        MEMBER(B, operator+, (const B&) const), MEMBER(B&, operator+=, (const BoundingSphere&)),
+        MEMBER(B, operator+, (const BoundingSphere&) const),
+        MEMBER(bool, contains, (const V&) const), MEMBER(bool, intersects, (const B&) const),
+        MEMBER(B, intersect, (const B&) const), MEMBER(bool, intersect, (const V&, const V&) const),
+        STATIC(bool, isBetween, (T, T, T)), MEMBER(void, transform, (const M&)),
+        MEMBER(void, inverseTransform, (const M&)));
 }
 
 template <class T>
 void addPlane(Table& table) {
-    table.section("bounds", "Plane" + kLetter<T>, 1);
     using P = PlaneT<T>;
+    using Self = P;
     using V = Vector3T<T>;
     using V4 = Vector4T<T>;
     using M = Matrix44T<T>;
-    CONSTRUCT(P);
-    CONSTRUCT(P, const P&);
-    CONSTRUCT(P, T, T, T, T);
-    CONSTRUCT(P, const V4&);
-    CONSTRUCT(P, const V&, const V&);
-    CONSTRUCT(P, const V&, const V&, const V&);
-    MEMBER(P&, P, operator=, (const P&));
-    MEMBER(void, P, set, (T, T, T, T));
-    MEMBER(void, P, set, (const V4&));
-    MEMBER(const V4&, P, getAsVector4, () const);
-    MEMBER(V, P, getNormal, () const);
-    MEMBER(unsigned int, P, upperBBCorner, () const);
-    MEMBER(unsigned int, P, lowerBBCorner, () const);
-    EQUALITY(P);
-    MEMBER(T, P, distance, (const V&) const);
-    MEMBER(int, P, intersect, (const BoundingBoxT<T>&) const);
-    MEMBER(int, P, intersectBoundingSphere, (const V&, T) const);
-    MEMBER(void, P, makeUnitLength, ());
-    MEMBER(unsigned int, P, calculateUpperLowerBBCorners, ());
-    MEMBER(void, P, transform, (const M&));
-    MEMBER(void, P, transformProvidingInverse, (const M&));
+    table.add(
+        "bounds", "Plane" + kLetter<T>, 1, CONSTRUCT(P), CONSTRUCT(P, const P&),
+        CONSTRUCT(P, T, T, T, T), CONSTRUCT(P, const V4&), CONSTRUCT(P, const V&, const V&),
+        CONSTRUCT(P, const V&, const V&, const V&), MEMBER(P&, operator=, (const P&)),
+        MEMBER(void, set, (T, T, T, T)), MEMBER(void, set, (const V4&)),
+        MEMBER(const V4&, getAsVector4, () const), MEMBER(V, getNormal, () const),
+        MEMBER(unsigned int, upperBBCorner, () const),
+        MEMBER(unsigned int, lowerBBCorner, () const), EQUALITY(P),
+        MEMBER(T, distance, (const V&) const),
+        MEMBER(int, intersect, (const BoundingBoxT<T>&) const),
+        MEMBER(int, intersectBoundingSphere, (const V&, T) const), MEMBER(void, makeUnitLength, ()),
+        MEMBER(unsigned int, calculateUpperLowerBBCorners, ()), MEMBER(void, transform, (const M&)),
+        MEMBER(void, transformProvidingInverse, (const M&)));
 }
 
 void addBoundingSphere(Table& table) {
-    table.section("bounds", "BoundingSphere", 1);
     using S = BoundingSphere;
-    CONSTRUCT(S);
-    CONSTRUCT(S, const Vector3d&, double);
-    MEMBER(void, S, init, ());
-    MEMBER(void, S, set, (const Vector3d&, double));
-    MEMBER(const Vector3d&, S, center, () const);
-    MEMBER(Vector3d&, S, center, ());
-    COMPONENT(S, double, radius);
-    MEMBER(bool, S, valid, () const);
-    MEMBER(void, S, expandBy, (const Vector3d&));
-    MEMBER(void, S, expandBy, (const S&));
-    MEMBER(void, S, expandBy, (const BoundingBoxd&));
-    MEMBER(void, S, expandRadiusBy, (const Vector3d&));
-    MEMBER(void, S, expandRadiusBy, (const S&));
-    MEMBER(void, S, expandRadiusBy, (const BoundingBoxd&));
+    using Self = S;
+    table.add("bounds", "BoundingSphere", 1, CONSTRUCT(S), CONSTRUCT(S, const Vector3d&, double),
+              MEMBER(void, init, ()), MEMBER(void, set, (const Vector3d&, double)),
+              MEMBER(const Vector3d&, center, () const), MEMBER(Vector3d&, center, ()),
+              COMPONENT(double, radius), MEMBER(bool, valid, () const),
+              MEMBER(void, expandBy, (const Vector3d&)), MEMBER(void, expandBy, (const S&)),
+              MEMBER(void, expandBy, (const BoundingBoxd&)),
+              MEMBER(void, expandRadiusBy, (const Vector3d&)),
+              MEMBER(void, expandRadiusBy, (const S&)),
+              MEMBER(void, expandRadiusBy, (const BoundingBoxd&)));
 }
 
 void addPolytope(Table& table) {
-    table.section("bounds", "Polytope", 1);
     using P = Polytope;
-    CONSTRUCT(P);  // and the destructor
-    CONSTRUCT(P, const std::vector<Planed>&);
-    CONSTRUCT(P, const P&);
-    MEMBER(P&, P, operator=, (const P&));
-    MEMBER(void, P, set, (const std::vector<Planed>&));
-    MEMBER(void, P, add, (const Planed&));
-    MEMBER(void, P, clear, ());
-    MEMBER(void, P, setToBoundingBox, (const BoundingBoxd&));
-    MEMBER(const std::vector<Planed>&, P, getPlanes, () const);
-    MEMBER(void, P, setupMask, ());
-    MEMBER(void, P, pushCurrentMask, ());
-    MEMBER(void, P, popCurrentMask, ());
-    MEMBER(unsigned int, P, getCurrentMask, () const);
-    MEMBER(const std::vector<unsigned int>&, P, getMaskStack, () const);
-    MEMBER(bool, P, contains, (const BoundingBoxd&));
-    MEMBER(void, P, transformProvidingInverse, (const Matrix44d&));
-    MEMBER(void, P, transform, (const Matrix44d&));
+    using Self = P;
+    table.add("bounds", "Polytope", 1, CONSTRUCT(P), CONSTRUCT(P, const std::vector<Planed>&),
+              CONSTRUCT(P, const P&), MEMBER(P&, operator=, (const P&)),
+              MEMBER(void, set, (const std::vector<Planed>&)), MEMBER(void, add, (const Planed&)),
+              MEMBER(void, clear, ()), MEMBER(void, setToBoundingBox, (const BoundingBoxd&)),
+              MEMBER(const std::vector<Planed>&, getPlanes, () const), MEMBER(void, setupMask, ()),
+              MEMBER(void, pushCurrentMask, ()), MEMBER(void, popCurrentMask, ()),
+              MEMBER(unsigned int, getCurrentMask, () const),
+              MEMBER(const std::vector<unsigned int>&, getMaskStack, () const),
+              MEMBER(bool, contains, (const BoundingBoxd&)),
+              MEMBER(void, transformProvidingInverse, (const Matrix44d&)),
+              MEMBER(void, transform, (const Matrix44d&)));
 }
 
 void addFrustum(Table& table) {
-    table.section("bounds", "Frustum", 6);
     using F = Frustum;
-    CONSTRUCT(F);
-    CONSTRUCT(F, const F&);
-    MEMBER(F&, F, operator=, (const F&));
-    MEMBER(void, F, setToWorldSpaceFrustum, (const Matrix44f&, const Matrix44f&));
-    MEMBER(const Planef&, F, getPlane, (unsigned int) const);
-    STATIC(void, , getWorldSpaceSegment, (const Matrix44f&, const Vector3f&, Vector3f&, Vector3f&));
+    using Self = F;
+    table.add("bounds", "Frustum", 6, CONSTRUCT(F), CONSTRUCT(F, const F&),
+              MEMBER(F&, operator=, (const F&)),
+              MEMBER(void, setToWorldSpaceFrustum, (const Matrix44f&, const Matrix44f&)),
+              MEMBER(const Planef&, getPlane, (unsigned int) const),
+              FREE(void, getWorldSpaceSegment,
+                   (const Matrix44f&, const Vector3f&, Vector3f&, Vector3f&)));
 }
 
 void addEulerAngles(Table& table) {
-    table.section("rotation", "KyEulerAngles", 3);
     using E = Ky::KyEulerAngles;
+    using Self = E;
     using Order = E::eEulerOrder;
-    CONSTANT(E::defaultEulerOrder);
-    CONSTRUCT(E);
-    CONSTRUCT(E, double, double, double, Order);
-    CONSTRUCT(E, const Vector3d&, Order);
-    MEMBER(void, E, set, (double, double, double, Order));
-    MEMBER(void, E, setOrder, (Order));
-    MEMBER(double&, E, operator[], (int));
-    MEMBER(const double&, E, operator[], (int) const);
-    MEMBER(Vector3d, E, angles, () const);
-    MEMBER(Order, E, order, () const);
-    MEMBER(void, E, toMatrix44, (double(*)[4]) const);
-    MEMBER(void, E, fromMatrix44, (const double(*)[4], Order));
-    STATIC(Vector3d, E, getEulerAngles, (const Vector3d&, Order, Order));
-    STATIC(bool, E, areEqualTolAndSameOrder, (const E&, const E&, double));
-    STATIC(bool, E, areEqualTol, (const E&, const E&, double));
-    STATIC(std::ostream&, Ky, operator<<, (std::ostream&, const E&));
+    using Ky::operator<<;
+    table.add("rotation", "KyEulerAngles", 3, CONSTANT(E::defaultEulerOrder), CONSTRUCT(E),
+              CONSTRUCT(E, double, double, double, Order), CONSTRUCT(E, const Vector3d&, Order),
+              MEMBER(void, set, (double, double, double, Order)), MEMBER(void, setOrder, (Order)),
+              MEMBER(double&, operator[], (int)), MEMBER(const double&, operator[], (int) const),
+              MEMBER(Vector3d, angles, () const), MEMBER(Order, order, () const),
+              MEMBER(void, toMatrix44, (double(*)[4]) const),
+              MEMBER(void, fromMatrix44, (const double(*)[4], Order)),
+              STATIC(Vector3d, getEulerAngles, (const Vector3d&, Order, Order)),
+              STATIC(bool, areEqualTolAndSameOrder, (const E&, const E&, double)),
+              STATIC(bool, areEqualTol, (const E&, const E&, double)),
+              FREE(std::ostream&, operator<<, (std::ostream&, const E&)));
 }
 
 void addTransform(Table& table) {
-    table.section("rotation", "KyTransform", 4);
     using T = Ky::KyTransform;
+    using Self = T;
     using V = Vector3d;
     using Q = Quaterniond;
     using D = double;
-    CONSTANT(T::kIdentity);
-    CONSTRUCT(T);
-    CONSTRUCT(T, D, D, D, D, D, D, D, D, D, D, D, D, D, D, D, D);
-    CONSTRUCT(T, const Matrix44d&);
-    CONSTRUCT(T, const V&, const Ky::KyEulerAngles&);
-    STATIC(T, T, createIdentity, ());
-    MEMBER(void, T, set, (const float*));
-    MEMBER(void, T, set, (const double*));
-    MEMBER(void, T, set, (const double(*)[4]));
-    MEMBER(void, T, set, (const Matrix44d&));
-    MEMBER(double&, T, operator(), (unsigned long, unsigned long));
-    MEMBER(double, T, operator(), (unsigned long, unsigned long) const);
-    INDEXING(T, double*, const double*);
-    POINTERS(T, double);
-    POINTERS(T, Ky::KyReal4);
-    MEMBER(Matrix44d, T, toMatrix44, () const);
-    MEMBER(V, T, getTranslation, () const);
-    MEMBER(void, T, setTranslation, (const V&));
-    EQUALITY(T);
-    MEMBER(bool, T, isIdentity, (double) const);
-    MEMBER(bool, T, isValid, () const);
-    MEMBER(void, T, setRotation, (const V&, const V&, const V&));
-    MEMBER(T&, T, setRotation, (const Q&));
-    MEMBER(bool, T, setRotation, (V, double));
-    MEMBER(T&, T, makeRotationFromQuaternion, (const Q&));
-    table.limit(3);
-    MEMBER(void, T, makeOrthonormal, (int));
-    table.limit(4);
-    MEMBER(T&, T, rotateSelf, (const V&, double));
-    MEMBER(T&, T, makeRotation, (const Q&));
-    MEMBER(bool, T, makeRotation, (V, double));
-    MEMBER(void, T, makeFromRotatedVector, (const V&, const V&));
-    STATIC(T, T, outerProduct3x3, (const V&, const V&));
-    MEMBER(void, T, toQuaternion, (Q&) const);
-    MEMBER(V, T, transformPoint, (const V&) const);
-    MEMBER(V, T, transformDirection, (const V&) const);
-    MEMBER(T&, T, compound, (const T&, const T&));
-    MEMBER(T&, T, compoundFirstThenInverseSecond, (const T&, const T&));
-    MEMBER(T&, T, compoundInverseFirstThenSecond, (const T&, const T&));
-    MEMBER(T&, T, postCompound, (const T&));
-    MEMBER(T&, T, postCompoundWithInverse, (const T&));
-    MEMBER(T&, T, preCompound, (const T&));
-    MEMBER(T&, T, preCompoundWithInverse, (const T&));
-    MEMBER(T&, T, interpolateRotation, (const T&, const T&, double));
-    MEMBER(T&, T, interpolate, (const T&, const T&, double));
+    table.add("rotation", "KyTransform", 4, CONSTANT(T::kIdentity), CONSTRUCT(T),
+              CONSTRUCT(T, D, D, D, D, D, D, D, D, D, D, D, D, D, D, D, D),
+              CONSTRUCT(T, const Matrix44d&), CONSTRUCT(T, const V&, const Ky::KyEulerAngles&),
+              STATIC(T, createIdentity, ()), MEMBER(void, set, (const float*)),
+              MEMBER(void, set, (const double*)), MEMBER(void, set, (const double(*)[4])),
+              MEMBER(void, set, (const Matrix44d&)),
+              MEMBER(double&, operator(), (unsigned long, unsigned long)),
+              MEMBER(double, operator(), (unsigned long, unsigned long) const),
+              INDEXING(double*, const double*), POINTERS(double), POINTERS(Ky::KyReal4),
+              MEMBER(Matrix44d, toMatrix44, () const), MEMBER(V, getTranslation, () const),
+              MEMBER(void, setTranslation, (const V&)), EQUALITY(T),
+              MEMBER(bool, isIdentity, (double) const), MEMBER(bool, isValid, () const),
+              MEMBER(void, setRotation, (const V&, const V&, const V&)),
+              MEMBER(T&, setRotation, (const Q&)), MEMBER(bool, setRotation, (V, double)),
+              MEMBER(T&, makeRotationFromQuaternion, (const Q&)));
+    table.add("rotation", "KyTransform", 3, MEMBER(void, makeOrthonormal, (int)));
+    table.add("rotation", "KyTransform", 4, MEMBER(T&, rotateSelf, (const V&, double)),
+              MEMBER(T&, makeRotation, (const Q&)), MEMBER(bool, makeRotation, (V, double)),
+              MEMBER(void, makeFromRotatedVector, (const V&, const V&)),
+              STATIC(T, outerProduct3x3, (const V&, const V&)),
+              MEMBER(void, toQuaternion, (Q&) const), MEMBER(V, transformPoint, (const V&) const),
+              MEMBER(V, transformDirection, (const V&) const),
+              MEMBER(T&, compound, (const T&, const T&)),
+              MEMBER(T&, compoundFirstThenInverseSecond, (const T&, const T&)),
+              MEMBER(T&, compoundInverseFirstThenSecond, (const T&, const T&)),
+              MEMBER(T&, postCompound, (const T&)), MEMBER(T&, postCompoundWithInverse, (const T&)),
+              MEMBER(T&, preCompound, (const T&)), MEMBER(T&, preCompoundWithInverse, (const T&)),
+              MEMBER(T&, interpolateRotation, (const T&, const T&, double)),
+              MEMBER(T&, interpolate, (const T&, const T&, double)));
 }
 
-void addLines(Table& table) {
-    table.section("bounds", "Segment3", 1);
-    LINE(Segment3);
-    table.section("bounds", "Line3", 3);
-    LINE(Line3);
-    MEMBER(bool, Line3, isValid, () const);
-    MEMBER(bool, Line3, isParallel, (const Line3&) const);
-    MEMBER(double, Line3, distanceTo, (const Vector3d&, double, int*, Vector3d*));
-    STATIC(std::ostream&, KyMath, operator<<, (std::ostream&, const Line3&));
+void addSegment(Table& table) {
+    using Self = Segment3;
+    table.add("bounds", "Segment3", 1, LINE(Segment3));
+}
+void addLine(Table& table) {
+    using Self = Line3;
+    table.add("bounds", "Line3", 3, LINE(Line3), MEMBER(bool, isValid, () const),
+              MEMBER(bool, isParallel, (const Line3&) const),
+              MEMBER(double, distanceTo, (const Vector3d&, double, int*, Vector3d*)),
+              FREE(std::ostream&, operator<<, (std::ostream&, const Line3&)));
 }
 
 void addCurves(Table& table) {
     using Points = std::vector<Vector3d>;
-    table.section("curve", "Curves", 40);
-    STATIC(bool, KyMath, CreateLinearInterpolation,
-           (const Vector3d&, const Vector3d&, unsigned, Points&));
-    STATIC(bool, KyMath, CreateBezier, (const Points&, unsigned, Points&));
-    STATIC(bool, KyMath, CreateCatmullRomSpline, (const Points&, unsigned, Points&));
-    STATIC(bool, KyMath, CreateBSpline, (const Points&, unsigned, Points&));
-    STATIC(bool, KyMath, CreateCurve, (eCurveType, const Points&, unsigned, Points&));
+    table.add("curve", "Curves", 40,
+              FREE(bool, CreateLinearInterpolation,
+                   (const Vector3d&, const Vector3d&, unsigned, Points&)),
+              FREE(bool, CreateBezier, (const Points&, unsigned, Points&)),
+              FREE(bool, CreateCatmullRomSpline, (const Points&, unsigned, Points&)),
+              FREE(bool, CreateBSpline, (const Points&, unsigned, Points&)),
+              FREE(bool, CreateCurve, (eCurveType, const Points&, unsigned, Points&)));
 }
 
 /// The functions on arrays, with seven elements. Bytes of results are packed into a number.
@@ -646,27 +448,26 @@ void add(Table& table) {
     using Matrices = Array<M>;
     using Vectors = Array<Vector3T<T>>;
     using Boxes = Array<BoundingBoxT<T>>;
-    table.section("bounds", "Batch" + kLetter<T>, 1);
-    STATIC(void, batch, transformPositions<T>, (const M&, const Vectors&, Vectors&));
-    STATIC(void, batch, transformDirections<T>, (const M&, const Vectors&, Vectors&));
-    STATIC(void, batch, transformBoxes<T>, (const M&, const Boxes&, Boxes&));
-    STATIC(void, batch, multiply<T>, (const Matrices&, const Matrices&, Matrices&));
-    STATIC(void, batch, multiplyByOne<T>, (const M&, const Matrices&, Matrices&));
-    STATIC(std::uint64_t, batch, classify<T>, (const PlaneT<T>&, const Boxes&));
+    table.add("bounds", "Batch" + kLetter<T>, 1,
+              FREE(void, transformPositions<T>, (const M&, const Vectors&, Vectors&)),
+              FREE(void, transformDirections<T>, (const M&, const Vectors&, Vectors&)),
+              FREE(void, transformBoxes<T>, (const M&, const Boxes&, Boxes&)),
+              FREE(void, multiply<T>, (const Matrices&, const Matrices&, Matrices&)),
+              FREE(void, multiplyByOne<T>, (const M&, const Matrices&, Matrices&)),
+              FREE(std::uint64_t, classify<T>, (const PlaneT<T>&, const Boxes&)));
 }
 void addDouble(Table& table) {
     using Transforms = Array<Ky::KyTransform>;
-    table.section("bounds", "Batch", 1);
-    STATIC(void, batch, compound, (const Transforms&, const Transforms&, Transforms&));
-    STATIC(std::uint64_t, batch, cull, (const Polytope&, const Array<BoundingBoxd>&));
+    table.add("bounds", "Batch", 1,
+              FREE(void, compound, (const Transforms&, const Transforms&, Transforms&)),
+              FREE(std::uint64_t, cull, (const Polytope&, const Array<BoundingBoxd>&)));
 }
 
 }  // namespace batch
 
 template <class T>
 void addTemplates(Table& table) {
-    table.section("vector", "Tolerance" + kLetter<T>, 1);
-    CONSTANT(Ky::KY_SMALL_REAL<T>::epsilon);
+    table.add("vector", "Tolerance" + kLetter<T>, 1, CONSTANT(Ky::KY_SMALL_REAL<T>::epsilon));
     addVector2<T>(table);
     addVector3<T>(table);
     addVector4<T>(table);
@@ -683,21 +484,22 @@ std::vector<Function> functions() {
     Table table;
     addTemplates<float>(table);
     addTemplates<double>(table);
-    table.section("vector", "Ky", 1);
-    STATIC(bool, Ky, KY_ARE_EQUAL<double>, (double, double));
-    STATIC(bool, Ky, KyComputeAngle, (const Vector3d&, const Vector3d&, double&));
+    using namespace Ky;
+    table.add("vector", "Ky", 1, FREE(bool, KY_ARE_EQUAL<double>, (double, double)),
+              FREE(bool, KyComputeAngle, (const Vector3d&, const Vector3d&, double&)));
     addVector6(table);
     addBoundingSphere(table);
     addPolytope(table);
     addFrustum(table);
     addEulerAngles(table);
     addTransform(table);
-    addLines(table);
+    addSegment(table);
+    addLine(table);
     addCurves(table);
     batch::add<float>(table);
     batch::add<double>(table);
     batch::addDouble(table);
-    return table.functions;
+    return table;
 }
 
 }  // namespace test

@@ -76,11 +76,7 @@ struct Argument {
         return static_cast<A>(value);
     }
     void addTo(Digest& digest) const {
-        if constexpr (std::is_integral<std::decay_t<A>>::value) {
-            digest.add(std::uint64_t(value));
-        } else {
-            digest.add(value);
-        }
+        digest.add(value);
     }
 };
 
@@ -105,23 +101,6 @@ struct Argument<E*> {
         digest.add(values, int(kCount));
     }
 };
-
-template <class V, std::size_t N>
-struct Argument<std::array<V, N>&> {
-    std::array<V, N> values = {};
-
-    void draw(Call& call) {
-        for (V& value : values) call.in.draw(value);
-    }
-    std::array<V, N>& get() {
-        return values;
-    }
-    void addTo(Digest& digest) const {
-        digest.add(values.data(), int(N));
-    }
-};
-template <class V, std::size_t N>
-struct Argument<const std::array<V, N>&> : Argument<std::array<V, N>&> {};
 
 template <>
 struct Argument<const char*> {

@@ -85,19 +85,10 @@ T Inputs::threshold() {
 
 template <class T>
 T Inputs::scalar() {
-    using Limits = std::numeric_limits<T>;
-    static const T kSpecial[] = {0,
-                                 -T(0),
-                                 1,
-                                 -1,
-                                 Limits::max(),
-                                 Limits::lowest(),
-                                 Limits::infinity(),
-                                 -Limits::infinity(),
-                                 Limits::quiet_NaN(),
-                                 Limits::denorm_min(),
-                                 Limits::min(),
-                                 Limits::epsilon()};
+    using L = std::numeric_limits<T>;
+    constexpr T kMost = L::max(), kInf = L::infinity(), kNaN = L::quiet_NaN();
+    static const T kSpecial[] = {
+        0, -T(0), 1, -1, kMost, -kMost, kInf, -kInf, kNaN, L::denorm_min(), L::min(), L::epsilon()};
     switch (below(16)) {
         case 0:
             return kSpecial[below(12)];
@@ -346,38 +337,8 @@ void Digest::add(double value) {
 void Digest::add(const std::string& text) {
     for (const char c : text) add(int(c));
 }
-template <class T>
-void Digest::add(const Vector2T<T>& v) {
-    add<T>(v, 2);
-}
-template <class T>
-void Digest::add(const Vector3T<T>& v) {
-    add<T>(v, 3);
-}
-template <class T>
-void Digest::add(const Vector4T<T>& v) {
-    add<T>(v, 4);
-}
 void Digest::add(const Vector6& v) {
     add(&v[0], 6);
-}
-template <class T>
-void Digest::add(const QuaternionT<T>& q) {
-    add<T>(q, 4);
-}
-template <class T>
-void Digest::add(const Matrix44T<T>& m) {
-    add<T>(m, 16);
-}
-template <class T>
-void Digest::add(const BoundingBoxT<T>& box) {
-    add(box.getMin());
-    add(box.getMax());
-}
-template <class T>
-void Digest::add(const PlaneT<T>& plane) {
-    add(plane.getAsVector4());
-    add(8 * plane.upperBBCorner() + plane.lowerBBCorner());
 }
 void Digest::add(const BoundingSphere& sphere) {
     add(sphere.center());
@@ -402,29 +363,6 @@ void Digest::add(const Ky::KyEulerAngles& angles) {
 void Digest::add(const Ky::KyTransform& transform) {
     add<double>(transform, 16);
 }
-void Digest::add(const std::vector<Vector3d>& points) {
-    add(unsigned(points.size()));
-    for (const Vector3d& point : points) add(point);
-}
-void Digest::add(const std::vector<Planed>& planes) {
-    add(unsigned(planes.size()));
-    for (const Planed& plane : planes) add(plane);
-}
-void Digest::add(const std::vector<unsigned>& masks) {
-    add(unsigned(masks.size()));
-    add(masks.data(), int(masks.size()));
-}
-
-#define KY_DIGEST(T)                                   \
-    template void Digest::add(const Vector2T<T>&);     \
-    template void Digest::add(const Vector3T<T>&);     \
-    template void Digest::add(const Vector4T<T>&);     \
-    template void Digest::add(const QuaternionT<T>&);  \
-    template void Digest::add(const Matrix44T<T>&);    \
-    template void Digest::add(const BoundingBoxT<T>&); \
-    template void Digest::add(const PlaneT<T>&);
-KY_DIGEST(float)
-KY_DIGEST(double)
 
 }  // namespace test
 }  // namespace KyMath

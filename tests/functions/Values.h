@@ -6,9 +6,11 @@
 #include <Ky/Ky.h>
 #include <KyMath/KyMath.h>
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 namespace KyMath {
@@ -69,6 +71,10 @@ public:
     void draw(eCurveType& type);
     void draw(std::vector<Vector3d>& points);
     void draw(std::vector<Planed>& planes);
+    template <class V, std::size_t N>
+    void draw(std::array<V, N>& values) {
+        for (V& value : values) draw(value);
+    }
 
     template <class T>
     void components(T* out, int n);  ///< Of a vector.
@@ -105,13 +111,9 @@ public:
         hash_ = (hash_ ^ word) * 0x100000001b3u;
         hash_ ^= hash_ >> 29;
     }
-    void add(bool value) {
-        add(std::uint64_t(value));
-    }
-    void add(int value) {
-        add(std::uint64_t(value));
-    }
-    void add(unsigned value) {
+    template <class T,
+              class = std::enable_if_t<std::is_integral<T>::value || std::is_enum<T>::value>>
+    void add(T value) {
         add(std::uint64_t(value));
     }
     void add(float value);
@@ -122,30 +124,37 @@ public:
         for (int i = 0; i < count; ++i) add(values[i]);
     }
 
+    template <class V, std::size_t N>
+    void add(const std::array<V, N>& values) {
+        add(values.data(), int(N));
+    }
+    template <class V>
+    void add(const std::vector<V>& values) {
+        add(unsigned(values.size()));
+        for (const V& value : values) add(value);
+    }
+    template <template <class> class V, class T,
+              class = std::enable_if_t<internal::IsScalar<T>::value>>
+    void add(const V<T>& v) {
+        add(static_cast<const T*>(v), int(sizeof v / sizeof(T)));
+    }
     template <class T>
-    void add(const Vector2T<T>& v);
+    void add(const BoundingBoxT<T>& box) {
+        add(box.getMin());
+        add(box.getMax());
+    }
     template <class T>
-    void add(const Vector3T<T>& v);
-    template <class T>
-    void add(const Vector4T<T>& v);
+    void add(const PlaneT<T>& plane) {
+        add(plane.getAsVector4());
+        add(8 * plane.upperBBCorner() + plane.lowerBBCorner());
+    }
     void add(const Vector6& v);
-    template <class T>
-    void add(const QuaternionT<T>& q);
-    template <class T>
-    void add(const Matrix44T<T>& m);
-    template <class T>
-    void add(const BoundingBoxT<T>& box);
-    template <class T>
-    void add(const PlaneT<T>& plane);
     void add(const BoundingSphere& sphere);
     void add(const Polytope& polytope);
     void add(const Frustum& frustum);
     void add(const Line3& line);
     void add(const Ky::KyEulerAngles& angles);
     void add(const Ky::KyTransform& transform);
-    void add(const std::vector<Vector3d>& points);
-    void add(const std::vector<Planed>& planes);
-    void add(const std::vector<unsigned>& masks);
 
 private:
     std::uint64_t hash_ = 0xcbf29ce484222325u;
