@@ -35,9 +35,9 @@ public:
     /// @{
     Polytope();  ///< No planes: contains every box.
     Polytope(const std::vector<PlaneT<double>>& planes);
-    Polytope(const Polytope& p);
+    Polytope(const Polytope& p);  ///< Copies the planes with fresh corner indices.
     ~Polytope();
-    Polytope& operator=(const Polytope& p);
+    Polytope& operator=(const Polytope& p);  ///< Copies the planes as they are.
     /// @}
 
     /// @name Planes

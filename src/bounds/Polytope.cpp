@@ -14,12 +14,21 @@ namespace KyMath {
 
 namespace {
 
+using Planes = std::vector<PlaneT<double>>;
+
 constexpr std::size_t kMaskBits = 32;
 
-// Lets the next push of a mask succeed.
+// Reserves one slot; reserve(size + 1) would lose geometric growth.
 void makeRoom(std::vector<unsigned int>& stack) {
     stack.push_back(0);
     stack.pop_back();
+}
+
+// Copies planes as they are, corner indices included. The vector itself constructs copies, with
+// fresh indices, wherever its capacity or the standard library makes it do so.
+void copyAsIs(const Planes& from, Planes& to) {
+    to.resize(from.size());
+    for (std::size_t i = 0; i < from.size(); ++i) to[i] = from[i];
 }
 
 }  // namespace
@@ -27,31 +36,38 @@ void makeRoom(std::vector<unsigned int>& stack) {
 Polytope::Polytope() {
     setupMask();
 }
-Polytope::Polytope(const std::vector<PlaneT<double>>& planes) : planes_(planes) {
+Polytope::Polytope(const Planes& planes) : planes_(planes) {
     setupMask();
 }
 Polytope::Polytope(const Polytope& p) = default;
 Polytope::~Polytope() = default;
 
-// Memory runs out, if it does, before the first change.
+// If memory runs out, it does so before the first change.
 
 Polytope& Polytope::operator=(const Polytope& p) {
     maskStack_.reserve(p.maskStack_.size());
-    planes_ = p.planes_;
+    copyAsIs(p.planes_, planes_);
     maskStack_ = p.maskStack_;
     currentMask_ = p.currentMask_;
     return *this;
 }
 
-void Polytope::set(const std::vector<PlaneT<double>>& planes) {
-    std::vector<PlaneT<double>> copies(planes);  // with fresh corner indices
+void Polytope::set(const Planes& planes) {
+    Planes copies(planes);  // with fresh corner indices
     makeRoom(maskStack_);
     planes_.swap(copies);
     setupMask();
 }
 void Polytope::add(const PlaneT<double>& plane) {
     makeRoom(maskStack_);
-    planes_.push_back(plane);
+    const PlaneT<double> added(plane);  // a copy: plane may be one of planes_
+    if (planes_.size() == planes_.capacity()) {
+        Planes grown;
+        grown.reserve(2 * planes_.size() + 1);
+        copyAsIs(planes_, grown);
+        planes_.swap(grown);
+    }
+    planes_.push_back(added);
     setupMask();
 }
 void Polytope::clear() {
@@ -71,7 +87,7 @@ void Polytope::setToBoundingBox(const BoundingBoxT<double>& box) {
     planes_.emplace_back(0.0, 0.0, -1.0, box.zMax());
     setupMask();
 }
-const std::vector<PlaneT<double>>& Polytope::getPlanes() const {
+const Planes& Polytope::getPlanes() const {
     return planes_;
 }
 

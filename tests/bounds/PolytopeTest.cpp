@@ -73,6 +73,28 @@ TEST(PolytopeTest, CopiesAreWhole) {
     }
 }
 
+// Scaled past epsilon, a plane keeps corners that a fresh copy does not have.
+TEST(PolytopeTest, CornersDoNotDependOnCapacity) {
+    for (const std::size_t capacity : {0u, 8u}) {
+        Polytope p{Planes(capacity)}, assigned = p;
+        for (Polytope* reserved : {&p, &assigned}) reserved->clear();
+        p.add(Planed(1, 0, 0, 2));
+        p.transformProvidingInverse(Matrix44d() *= 1e-17);
+        p.add(p.getPlanes()[0]);
+        p.add(Planed(0, 1, 0, 2));
+        assigned = p;
+        Polytope set;
+        set.set(p.getPlanes());
+        for (const Polytope* kept : {&p, &assigned}) {
+            EXPECT_EQ(0u, kept->getPlanes()[0].upperBBCorner()) << capacity;
+            EXPECT_EQ(1u, kept->getPlanes()[1].upperBBCorner()) << capacity;
+        }
+        for (const Polytope& fresh : {set, Polytope(p), Polytope(p.getPlanes())}) {
+            EXPECT_EQ(1u, fresh.getPlanes()[0].upperBBCorner()) << capacity;
+        }
+    }
+}
+
 TEST(PolytopeTest, BoundingBoxGivesSixInwardPlanesInOrder) {
     Polytope p(Planes(9, Planed(1, 2, 3, 4)));
     p.setToBoundingBox(BoundingBoxd(0, 2, 3, -4, 5, 6));
