@@ -122,8 +122,8 @@ public:
 
     /// Writes the unit quaternion of R, a rotation with any uniform scale: from the trace when it
     /// is positive (then w > 0), otherwise from the largest diagonal element, the lower index
-    /// winning a tie. The result is not of unit length for other scales, no rotation of use for a
-    /// mirrored R, and NaN for zero.
+    /// winning a tie. The result is not of unit length for other scales, not a meaningful rotation
+    /// for a mirrored R, and NaN for zero.
     void toQuaternion(KyMath::QuaternionT<double>& q) const;
 
     /// @name Points and directions

@@ -28,7 +28,7 @@ template <>
 const double KY_SMALL_REAL<double>::epsilon;
 
 /// Whether a and b are equal within e = KY_SMALL_REAL<double>::epsilon by the mixed rule, which
-/// every comparison within a tolerance uses. With d = |a - b|:
+/// every areEqualTol() follows. With d = |a - b|:
 ///
 ///     d <= e                          when |a| <= e or |b| <= e,
 ///     d / |a| <= e and d / |b| <= e   otherwise.

@@ -8,12 +8,12 @@
 
 namespace KyMath {
 
-/// Axis-aligned box: a minimum and a maximum corner, which nothing ever reorders.
+/// Axis-aligned box: a minimum and a maximum corner, which are never swapped.
 ///
 /// The empty box has the largest finite T as its minimum and the negation as its maximum, so that
 /// whatever is merged into it first replaces both. A box is valid when no minimum exceeds its
-/// maximum; a single point is a valid box. Test valid() before measuring, hit-testing or culling a
-/// box that may be empty: no other query does.
+/// maximum; a single point is a valid box. Before you measure, hit-test or cull a box that may be
+/// empty, test valid(): nothing else checks it.
 template <class T>
 class KY_API BoundingBoxT {
     static_assert(internal::IsScalar<T>::value, "KyMath: the scalar type must be float or double");
@@ -54,7 +54,7 @@ public:
     /// @}
 
     /// @name Measures
-    /// Of the empty box, the centre is 0, the sizes -infinity and both radii +infinity.
+    /// The empty box has centre 0, size -infinity, and infinity as both radii.
     /// @{
     bool valid() const;             ///< max >= min on every axis; false with any NaN.
     Vector3T<T> center() const;     ///< (min + max) 0.5
@@ -89,7 +89,8 @@ public:
     /// the slab method. Strict: a line that only grazes an edge or a corner does not, and a box
     /// without extent on some axis is never hit. The empty box is hit by every line, and a box with
     /// min > max as if its corners were sorted. Unspecified for a line within the plane of a face
-    /// and for NaN. The reciprocal of a zero component of direction is the largest finite T.
+    /// and for NaN. The reciprocal of a zero component of direction is taken as the largest finite
+    /// T.
     bool intersect(const Vector3T<T>& origin, const Vector3T<T>& direction) const;
     static bool isBetween(T value, T low, T high);  ///< low <= value <= high
     /// @}
@@ -98,9 +99,9 @@ public:
     /// By centre and half-extents. A box that is not valid() does not change.
     /// @{
 
-    /// The box of this box carried through m: half-extents |M| e, M being the upper-left 3x3 block
-    /// taken by magnitude; the centre goes through m with division by w. For an affine m the result
-    /// holds every transformed point up to rounding: some lie outside by a few last bits.
+    /// The box around this box transformed by m: half-extents |M| e, M being the upper-left 3x3
+    /// block taken by magnitude; the centre goes through m with division by w. For an affine m the
+    /// result holds every transformed point up to rounding: some lie outside by a few last bits.
     void transform(const Matrix44T<T>& m);
     /// The same through the inverse of a rigid m: half-extents |M|^T e, centre through
     /// m.inverse_orthogonal(). It does not undo scale or shear.

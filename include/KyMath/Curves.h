@@ -20,7 +20,7 @@ namespace KyMath {
 /// points.
 /// @{
 
-/// Points on the straight segment from a to b, both of them exact. At least two samples.
+/// Points on the straight segment from a to b, both exact. At least two samples.
 KY_API bool CreateLinearInterpolation(const Vector3T<double>& a, const Vector3T<double>& b,
                                       unsigned int count, std::vector<Vector3T<double>>& out);
 

@@ -5,7 +5,7 @@
 
 #include <Ky/Export.h>
 
-/// Rigid transforms, Euler angles, and the tolerance that comparisons start from.
+/// Rigid transforms, Euler angles and tolerances.
 namespace Ky {
 
 class KY_API KyTransform;
@@ -71,7 +71,7 @@ struct IsScalar<double> {
     static constexpr bool value = true;
 };
 
-/// Defined for the types that convert to a pointer, as quaternions do, but hold something else.
+/// Defined for the types that convert to a pointer, as quaternions do, but are something else.
 template <class U>
 struct NotAQuaternion {};
 template <class T>

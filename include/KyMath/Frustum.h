@@ -10,7 +10,7 @@
 namespace KyMath {
 
 /// Viewing volume of a camera: six planes in world space, in float, that face inwards. A point is
-/// inside when it is on the negative side of no plane. Classify boxes and spheres with
+/// inside unless it is on the negative side of a plane. Classify boxes and spheres with
 /// PlaneT::intersect and PlaneT::intersectBoundingSphere of each plane.
 class KY_API Frustum {
 public:
@@ -27,7 +27,7 @@ public:
     /// Rebuilds all six planes, of unit normal, from the view matrix (world to camera) and the
     /// projection. The projection counts as perspective when its element (3, 2) is exactly -1, and
     /// must then map depth to [0, 1], in either direction: with a perspective depth of [-1, 1], the
-    /// plane at the near bound n lies at about 2 n, and what is before it is culled.
+    /// plane at the near bound n lies at about 2 n, and anything nearer is culled.
     void setToWorldSpaceFrustum(const Matrix44T<float>& view, const Matrix44T<float>& projection);
 
     const PlaneT<float>& getPlane(unsigned int i) const;  ///< i is an ePlane, 0 to 5, not checked.

@@ -46,7 +46,7 @@ public:
     /// @{
     /// The closest point on this line goes to *closest unless that is null.
     double distanceTo(const Vector3T<double>& q, Vector3T<double>* closest) const;
-    /// Likewise. For parallel lines, the distance of line.p1.
+    /// The same for another line; for parallel lines, the distance of line.p1.
     double distanceTo(const Line3& line, Vector3T<double>* closest) const;
 
     /// The gap between this line and a sphere, negative when the line enters it.

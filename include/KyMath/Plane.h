@@ -16,7 +16,7 @@ namespace KyMath {
 /// its normal, the upper one, and furthest against it, the lower one, so that a box is classified
 /// by two evaluations. set(), the transforms, and all constructors except the default one refresh
 /// the cache; plain assignment copies it. A positive component of the normal below the machine
-/// epsilon of T counts as negative there, and intersect() is wrong for boxes that reach across the
+/// epsilon of T counts as negative there, and intersect() can be wrong for boxes that straddle the
 /// plane: normalise such a normal (a cross product of short edges, say) before making a plane of
 /// it. makeUnitLength() alone does not help, as it does not refresh the cache.
 template <class T>

@@ -60,7 +60,7 @@ public:
     const std::vector<unsigned int>& getMaskStack() const;  ///< The last element is the top.
     /// @}
 
-    /// Whether the box is wholly outside none of the planes in the mask on top of the stack: true
+    /// False if the box is wholly outside one of the planes in the mask on top of the stack. True
     /// for a box inside, for one that straddles, and for some outside the region near its edges and
     /// corners, where no single plane separates them.
     ///
@@ -76,11 +76,11 @@ public:
     bool contains(const BoundingBoxT<double>& box);
 
     /// @name Transformation
-    /// The masks stay as they are.
+    /// The masks stay.
     /// @{
 
-    /// PlaneT::transformProvidingInverse(m) for every plane: coefficients become m times
-    /// themselves, then of unit length.
+    /// PlaneT::transformProvidingInverse(m) for every plane: multiplies the coefficients by m and
+    /// makes the normals of unit length.
     void transformProvidingInverse(const Matrix44T<double>& m);
     /// transformProvidingInverse(m.inverse_orthogonal()). This does not move the region by m: for
     /// that, call transformProvidingInverse() with the transposed inverse of m.

@@ -14,7 +14,7 @@ namespace KyMath {
 /// Quaternion q = w + xi + yj + zk, stored and passed w first: index 0 is w.
 ///
 /// A unit q turns v into q v q*: active, right-handed, in radians. p * q applies q first, then p.
-/// Only normalize() restores unit length that rounding has worn off.
+/// Lengths drift by rounding; only normalize() restores unit length.
 template <class T>
 class KY_API QuaternionT {
     static_assert(internal::IsScalar<T>::value, "KyMath: the scalar type must be float or double");
@@ -107,14 +107,14 @@ public:
     /// @{
     QuaternionT& operator*=(const QuaternionT& q);  ///< this = this q: q is applied first.
     QuaternionT operator*(const QuaternionT& q) const;
-    void invert();                          ///< Negates x, y, z: the conjugate. Lengths stay.
+    void invert();                          ///< Negates x, y, z: the conjugate.
     void setInverse(const QuaternionT& q);  ///< this = the conjugate of q
     QuaternionT getInverse() const;         ///< The conjugate.
     /// @}
 
     /// @name Rotation of vectors
-    /// With u = (x, y, z): (w^2 - u.u) v + 2 (u.v) u + 2w (u x v). A quaternion of another length
-    /// than 1 also scales v, by the square of that length.
+    /// With u = (x, y, z): (w^2 - u.u) v + 2 (u.v) u + 2w (u x v). A quaternion of length l also
+    /// scales v by l^2.
     /// @{
     Vector3T<T> rotate(const Vector3T<T>& v) const;
     Vector3T<T> operator*(const Vector3T<T>& v) const;  ///< rotate(v)

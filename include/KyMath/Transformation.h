@@ -68,7 +68,7 @@ KY_API Matrix44T<T> createRotationFromOuterProductT(const Vector3T<T>& a, const 
 ///
 /// up must be of unit length: it is not normalised. When |f . up| > 1 - 2^-23, up is replaced by a
 /// copy with 0.1 added to the component that follows its largest one, so that looking straight up
-/// or down works. A longer up rolls the frame of an oblique view, too; with a shorter one, looking
+/// or down works. A longer up can roll the frame of an oblique view; with a shorter one, looking
 /// straight up leaves s and w zero. A target equal to position leaves f, s and w zero.
 template <class T>
 KY_API Matrix44T<T> createObjectLookAtT(const Vector3T<T>& position, const Vector3T<T>& target,
@@ -144,8 +144,8 @@ KY_API Vector3T<T> getRotationT(const Matrix44T<T>& m, bool normalize);
 /// The rotation of m as a unit quaternion, with any uniform scale: from the trace when it is
 /// positive (then w > 0), otherwise from the largest diagonal element, the lower index winning a
 /// tie (then w may be negative). With removeScale the columns are normalised first. Without that, a
-/// scale that differs by axis gives another length than 1. A mirrored m gives no rotation of use
-/// (see decomposeT() for the sign), zero gives NaN.
+/// scale that differs by axis gives a length other than 1. A mirrored m gives no meaningful
+/// rotation (see decomposeT() for the sign), zero gives NaN.
 template <class T>
 KY_API QuaternionT<T> getRotationAsQuaternionT(const Matrix44T<T>& m, bool removeScale);
 
@@ -154,7 +154,7 @@ KY_API QuaternionT<T> getRotationAsQuaternionT(const Matrix44T<T>& m, bool remov
 /// sign is 1, or -1 when the determinant is below 0 or NaN. scale holds the column lengths.
 /// rotation holds the angles (x, y, z) of createRotationT, read from the normalised columns; within
 /// 1e-7 of y = +-pi/2 (and for a NaN y), z is 0 and x carries the whole turn. With sign -1, the
-/// angles are those of the axes as they are, mirrored, and composeT() may give another matrix.
+/// angles are read from the mirrored axes, and composeT() may give a different matrix.
 template <class T>
 KY_API void decomposeT(const Matrix44T<T>& m, Vector3T<T>& scale, Vector3T<T>& rotation,
                        Vector3T<T>& translation, T& sign);

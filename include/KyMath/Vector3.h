@@ -124,12 +124,12 @@ public:
     /// @{
 
     /// Multiplies by 1 / length when the squared length is above 0. Otherwise (zero, too small to
-    /// square, or NaN) nothing changes. A length too large to square (about 1.8e19 in
-    /// float, 1.3e154 in double) is infinite, and the result 0.
+    /// square, or NaN) nothing changes. If the length is too
+    /// large to square (1.8e19 in float, 1.3e154 in double), the result is 0.
     void normalize();
 
     /// Writes the length to *length and, if it is above tol, multiplies by 1 / length and returns
-    /// true; too large to square, the length is infinite and the result 0. Otherwise, also for NaN,
+    /// true; a length too large to square is infinite, and gives 0. Otherwise, also for NaN,
     /// writes 0 to *length, leaves the vector unchanged and returns false. length must not be null.
     bool normalize(T tol, T* length);
 
@@ -169,7 +169,7 @@ public:
     /// Unit normal of the triangle a, b, c, towards the side that sees it counter-clockwise:
     /// (b - a) x (c - b), normalised. If that product, twice the area, is no longer than the float
     /// 1e-4 (for double: that float widened, slightly below 1e-4), returns false with the product
-    /// itself in normal: so it is for a triangle of 1 cm, in metres. normal may be one of the
+    /// itself in normal, as for a triangle with edges of 1 cm, in metres. normal may be one of the
     /// points.
     static bool planeNormal(const Vector3T& a, const Vector3T& b, const Vector3T& c,
                             Vector3T& normal);
