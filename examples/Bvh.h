@@ -18,22 +18,24 @@
 #include <string>
 #include <vector>
 
-/// A text file, word by word. What goes wrong is a std::runtime_error with file, line and reason.
+/// The words of a text file. Errors are std::runtime_error with the file, the line and the reason.
 class Words {
 public:
-    explicit Words(const std::string& file) : file_(file), in_(file) {
-        if (!in_) throw std::runtime_error(file + ": " + std::strerror(errno));
+    explicit Words(const std::string& file) : file_(file) {
+        std::ifstream in(file);
+        for (char part[4096]; in.read(part, sizeof part), in.gcount() > 0;) {
+            text_.append(part, std::size_t(in.gcount()));
+            if (text_.size() > 100'000'000) throw std::runtime_error(file + ": more than 100 MB");
+        }
+        if (!in.eof()) throw std::runtime_error(file + ": " + std::strerror(errno));
+        text_.erase(text_.find_last_not_of(kBlanks) + 1);
     }
 
-    /// The next word, a brace being one by itself; empty at the end of the file.
+    /// The next word, where a brace is a word; empty at the end of the file.
     const std::string& next() {
-        while (endOfLine()) {
-            if (!std::getline(in_, text_)) return word_ = "";
-            at_ = 0;
-            ++line_;
-        }
+        at_ = std::min(text_.find_first_not_of(kBlanks, at_), text_.size());
         const bool brace = text_[at_] == '{' || text_[at_] == '}';
-        word_ = text_.substr(at_, brace ? 1 : text_.find_first_of(" \t\r{}", at_) - at_);
+        word_ = text_.substr(at_, brace ? 1 : text_.find_first_of(" \t\r\n{}", at_) - at_);
         at_ += word_.size();
         return word_;
     }
@@ -44,7 +46,7 @@ public:
         }
     }
 
-    /// By default within what no studio exceeds and nothing overflows at. NaN is out of range.
+    /// The default range is more than any studio needs, and small enough that nothing overflows.
     template <class Number = double>
     Number number(Number low = -1e7, Number high = 1e7, const char* what = "a number within 1e7") {
         Number value = 0;
@@ -58,17 +60,19 @@ public:
     /// Whether the line holds no more words.
     bool endOfLine() {
         at_ = std::min(text_.find_first_not_of(" \t\r", at_), text_.size());
-        return at_ == text_.size();
+        return at_ == text_.size() || text_[at_] == '\n';
     }
 
     [[noreturn]] void fail(const std::string& reason) const {
-        throw std::runtime_error(file_ + ":" + std::to_string(line_) + ": " + reason);
+        const auto line = 1 + std::count(text_.begin(), text_.begin() + std::ptrdiff_t(at_), '\n');
+        throw std::runtime_error(file_ + ":" + std::to_string(line) + ": " + reason +
+                                 (word_.empty() ? " before the end of the file" : ""));
     }
 
 private:
+    static constexpr const char* kBlanks = " \t\r\n";
     std::string file_, text_, word_;
-    std::ifstream in_;
-    std::size_t at_ = 0, line_ = 0;
+    std::size_t at_ = 0;
 };
 
 /// A motion capture as a BVH file tells it: a skeleton, and the values of its channels per frame.
@@ -92,6 +96,7 @@ struct Bvh {
 
     std::vector<Joint> joints;
     std::size_t channels = 0, frames = 0;
+    std::size_t dropped = 0;     ///< lines after the frames that the file counts
     double frameTime = 0;        ///< in seconds
     std::vector<double> values;  ///< frame after frame, each a zero and then its channels
 
@@ -175,8 +180,7 @@ private:
         return joints.size() - 1;
     }
 
-    // Frame by frame, so that a count that promises more than the file holds costs no memory. Some
-    // files hold more frames than they count; the others are not read.
+    // Frame by frame, so that a count that promises more than the file holds costs no memory.
     void readFrames(Words& words) {
         words.expect({"MOTION", "Frames:"});
         const auto count = words.number(std::size_t(1), std::size_t(-1), "a count of frames");
@@ -193,6 +197,7 @@ private:
                 words.fail(std::to_string(channels) + " values on a line expected");
             }
         }
+        while (!words.next().empty()) dropped += words.endOfLine();
     }
 };
 

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cctype>
 #include <cerrno>
+#include <cstdint>
 #include <cstring>
 #include <fstream>
 #include <limits>
@@ -15,14 +16,14 @@
 #include <string>
 #include <vector>
 
-/// Ground heights on a regular grid, in metres, the first row being the northern edge. World
-/// coordinates are metres too: x east and y north from the south-west corner, z up.
+/// Ground heights in metres on a regular grid, the northern row first. World coordinates are metres
+/// too: x east and y north from the south-west corner, z up.
 struct HeightField {
     double cellEast, cellNorth;
     std::size_t columns, rows;
-    std::vector<float> heights;
+    std::vector<std::vector<std::uint16_t>> heights;  ///< row by row
 
-    /// Reads a 16-bit binary PGM. Throws std::runtime_error that names the file and the reason.
+    /// Reads a 16-bit binary PGM. Throws std::runtime_error with the file and the reason.
     HeightField(const std::string& file, double east, double north)
         : cellEast(east), cellNorth(north) {
         const auto require = [&file](bool holds, const char* otherwise) {
@@ -39,17 +40,19 @@ struct HeightField {
         require(std::min(columns, rows) >= 2 && std::max(columns, rows) <= 20000,
                 "not 2 to 20000 heights a side");
         // Row by row, so that a header that promises more than the file holds costs no memory.
-        std::vector<char> row(2 * columns);
-        while (heights.size() < columns * rows) {
-            require(bool(in.read(row.data(), std::streamsize(row.size()))), "truncated");
-            for (std::size_t c = 0; c < row.size(); c += 2) {  // the high byte comes first
-                const auto high = static_cast<unsigned char>(row[c]);
-                heights.push_back(float(256 * high + static_cast<unsigned char>(row[c + 1])));
+        std::vector<unsigned char> bytes(2 * columns);
+        while (heights.size() < rows) {
+            in.read(reinterpret_cast<char*>(bytes.data()), std::streamsize(bytes.size()));
+            require(bool(in), "truncated");
+            heights.emplace_back(columns);
+            for (std::size_t c = 0; c < columns; ++c) {  // the high byte comes first
+                heights.back()[c] = std::uint16_t(256 * bytes[2 * c] + bytes[2 * c + 1]);
+                require(heights.back()[c] <= maximum, "a height above the maximum in the header");
             }
         }
     }
 
-    /// The box of the ground between points (c0, r0) and (c1, r1) of the grid.
+    /// Box around the grid points (c0, r0) to (c1, r1).
     KyMath::BoundingBoxd box(std::size_t c0, std::size_t c1, std::size_t r0, std::size_t r1) const {
         KyMath::BoundingBoxd result;  // empty: the first point replaces both corners
         for (std::size_t r = r0; r <= r1; ++r) {
@@ -60,7 +63,7 @@ struct HeightField {
         return result;
     }
 
-    /// Height of the ground at (x, y), interpolated; outside the field, that of the nearest edge.
+    /// Height at (x, y), interpolated; outside the field, that of the nearest edge.
     double heightAt(double x, double y) const {
         const double column = std::clamp(x / cellEast, 0.0, double(columns - 1));
         const double row = std::clamp(double(rows - 1) - y / cellNorth, 0.0, double(rows - 1));
@@ -73,10 +76,10 @@ struct HeightField {
 
 private:
     double at(std::size_t c, std::size_t r) const {
-        return double(heights[r * columns + c]);
+        return heights[r][c];
     }
 
-    /// The next number of the header, past comments, which run from a # to the end of the line.
+    /// Next number of the header. Skips comments, which run from a # to the end of the line.
     static std::size_t readNumber(std::istream& in) {
         while ((in >> std::ws).peek() == '#') {
             in.ignore(std::numeric_limits<std::streamsize>::max(), '\n');

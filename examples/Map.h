@@ -18,7 +18,8 @@ struct Map : Picture {
     double scale;  ///< Pixels per metre.
 
     Map(const KyMath::BoundingBoxd& box, double pixelsPerMetre)
-        : Picture(int(box.xMax() * pixelsPerMetre + 0.5), int(box.yMax() * pixelsPerMetre + 0.5)),
+        : Picture(std::max(1, int(box.xMax() * pixelsPerMetre + 0.5)),
+                  std::max(1, int(box.yMax() * pixelsPerMetre + 0.5))),
           world(box),
           scale(pixelsPerMetre) {}
     Vector3d toPixel(const Vector3d& p) const {

@@ -16,17 +16,13 @@
 #include "Convert.h"
 #include "HeightField.h"
 #include "Map.h"
+#include "Program.h"
 
 #include <KyMath/KyMath.h>
-
-#include <CLI/CLI.hpp>
 
 #include <array>
 #include <chrono>
 #include <cstdio>
-#include <cstdlib>
-#include <filesystem>
-#include <iostream>
 #include <iterator>
 #include <random>
 #include <utility>
@@ -52,8 +48,9 @@ struct Node {
 
 struct Scene {
     HeightField ground;
-    double objects;                            // huts and trees to place, about
+    std::size_t objects;                       // huts and trees to place
     std::vector<Item> items = {};              // in the order of the tree
+    std::size_t cells = 0, placed = 0;         // cells visited and objects placed so far
     std::mt19937 random = std::mt19937(2026);  // gives the same numbers on every system
 
     double uniform(double a, double b) {
@@ -81,12 +78,15 @@ Node buildTree(Scene& scene, std::size_t c0, std::size_t c1, std::size_t r0, std
     };
     const std::size_t c[] = {c0, middle(c0, c1, 9), c1}, r[] = {r0, middle(r0, r1, 7), r1};
     Node node = {BoundingBoxd(), {}, scene.items.size(), 0};
-    if (c[1] == c1 && r[1] == r1) {  // a tile of at most 9 by 7 cells; on one in six, a hamlet
+    if (c[1] == c1 && r[1] == r1) {  // a tile of at most 9 by 7 cells
         const BoundingBoxd tile = scene.ground.box(c0, c1, r0, r1);
         scene.items.push_back({tile, true});
-        const double share = double((c1 - c0) * (r1 - r0)) / double(scene.ground.heights.size());
-        const double count = scene.uniform(0, 6) < 1 ? 6 * share * scene.objects : 0;
-        for (int i = 0; i < count; ++i) {
+        // One tile in six, and the last one, has a hamlet: the objects due for all cells so far.
+        const std::size_t all = (scene.ground.columns - 1) * (scene.ground.rows - 1);
+        scene.cells += (c1 - c0) * (r1 - r0);
+        const bool hamlet = scene.uniform(0, 6) < 1 || scene.cells == all;
+        const std::size_t due = hamlet ? scene.objects * scene.cells / all : 0;
+        for (; scene.placed < due; ++scene.placed) {
             const Vector3d a{scene.uniform(0, 0.5), scene.uniform(0, 0.5), 0};
             const Vector3d b{scene.uniform(0, 0.5), scene.uniform(0, 0.5), 0};
             const Vector3d p = tile.getMin() + Vector3d::multComp(a + b, tile.getBBSize());
@@ -280,10 +280,10 @@ bool show(const Scene& scene, const Node& root, Map map, const Camera& camera,
     const double treeTime = measure(tree, [&] { tree.testNode(root); });
     const double listTime = measure(list, [&] { list.testItems(0, scene.items.size()); });
     const double ratio = double(list.evaluations) / double(tree.evaluations);
-    std::printf("%s\n  in view: %zu of %zu tiles, huts and trees\n", output.c_str(),
-                tree.seen.size(), scene.items.size());
-    std::printf("  tree: %zu nodes visited, %zu boxes accepted without a test\n", tree.nodes,
-                tree.untested);
+    std::printf("  in view: %zu of %zu tiles, huts and trees\n", tree.seen.size(),
+                scene.items.size());
+    std::printf("  tree: %s visited, %zu boxes accepted without a test\n",
+                counted(tree.nodes, "node").c_str(), tree.untested);
     std::printf("  plane evaluations: %zu by tree, %zu one by one, ratio %.1f\n", tree.evaluations,
                 list.evaluations, ratio);
     std::printf("  median time: %.1f us by tree, %.1f us one by one\n", treeTime, listTime);
@@ -297,55 +297,89 @@ bool show(const Scene& scene, const Node& root, Map map, const Camera& camera,
     drawObjects(map, tree);
     drawCamera(map, camera);
     map.save(output);
+    std::printf("wrote %s\n", output.c_str());
     return true;
 }
 
-int run(CLI::App& app, int argc, char** argv) {
+struct Options {
     std::string terrain = KYMATH_EXAMPLE_DATA, output = "cull.png";
-    double east = 74.4, north = 92.6, fov = 35, zNear = 100, zFar = 19000, objects = 6000;
-    std::vector<double> eye = {16300, 4300, 1500}, end = {12500, 20700, 1500};
-    std::vector<double> target = {18600, 19700, 500};
-    unsigned path = 0;
-    app.option_defaults()->always_capture_default();
-    app.add_option("terrain", terrain, "heights in metres, a 16-bit binary PGM");
-    app.add_option("--output", output, "the picture, a PNG");
-    const auto add = [&](const char* name, auto& value, double low, double high, const char* help) {
-        return app.add_option(name, value, help)->check([=](const std::string& text) {
-            const double v = std::strtod(text.c_str(), nullptr);
-            return v >= low && v <= high ? "" : text + " is out of range";  // as is NaN
-        });
-    };
-    add("--cell-east", east, 0.01, 1e4, "metres between columns of the heights");
-    add("--cell-north", north, 0.01, 1e4, "metres between rows");
-    add("--objects", objects, 0, 1e6, "huts and trees to place, about");
-    add("--eye", eye, -1e7, 1e7, "where the camera is: metres east, north and up")->expected(3);
-    add("--target", target, -1e7, 1e7, "what it looks at")->expected(3);
-    add("--fov", fov, 1, 170, "its vertical field of view in degrees");
-    add("--near", zNear, 0.01, 1e7, "where its view begins, in metres");
-    add("--far", zFar, 0.01, 1e7, "where its view ends");
-    add("--path", path, 0, 999, "draw this many numbered pictures, the eye moving to --path-end");
-    add("--path-end", end, -1e7, 1e7, "where the eye ends up")->expected(3);
-    app.parse(argc, argv);
+    double east = 74.4, north = 92.6, fov = 35, zNear = 0, zFar = 0;
+    std::vector<double> eye, target, end;
+    unsigned objects = 6000, path = 0;
 
-    if (zNear >= zFar) throw std::runtime_error("--near must be less than --far");
-    const Matrix44d projection =
-        Transformation::createPerspectiveT(fov * std::acos(-1.0) / 180, 1.6, zNear, zFar);
-    std::vector<Camera> cameras;
-    for (unsigned i = 0; i < std::max(path, 1u); ++i) {
-        const double t = i / std::max(path - 1.0, 1.0);
-        const Vector3d at = Vector3d(eye.data()) * (1 - t) + Vector3d(end.data()) * t;
-        cameras.push_back(makeCamera(at, Vector3d(target.data()), projection));
+    Options(CLI::App& app, int argc, char** argv) {
+        app.add_option("terrain", terrain, "heights in metres, a 16-bit binary PGM");
+        app.add_option("--output", output, "the picture, a PNG");
+        const auto add = [&](const char* name, auto& value, double low, double high,
+                             const char* help) {
+            return app.add_option(name, value, help)->check(within(low, high));
+        };
+        const auto addFitted = [&](const char* name, auto& value, double low, const char* help) {
+            return add(name, value, low, 1e7, help)->default_str("to fit");
+        };
+        add("--cell-east", east, 0.01, 1e4, "metres between columns of the heights");
+        add("--cell-north", north, 0.01, 1e4, "metres between rows");
+        add("--objects", objects, 0, 1e6, "number of huts and trees");
+        addFitted("--eye", eye, -1e7, "the camera's metres east, north and up")->expected(3);
+        addFitted("--target", target, -1e7, "the point it looks at")->expected(3);
+        add("--fov", fov, 1, 170, "its vertical field of view in degrees");
+        addFitted("--near", zNear, 0.01, "where its view begins, in metres");
+        addFitted("--far", zFar, 0.01, "where its view ends");
+        add("--path", path, 0, 999, "draw this many numbered pictures on the way to --path-end");
+        addFitted("--path-end", end, -1e7, "where the camera ends up")->expected(3);
+        app.parse(argc, argv);
     }
+};
 
-    Scene scene = {HeightField(terrain, east, north), objects};
+std::vector<std::string> namePictures(const Options& options) {
+    std::vector<std::string> names;
+    for (unsigned i = 0; i < std::max(options.path, 1u); ++i) {
+        std::filesystem::path file(options.output);
+        const std::string number =
+            options.path > 0 ? std::to_string(1000 + i).replace(0, 1, "-") : "";
+        file.replace_filename(file.stem().string() + number + file.extension().string());
+        requireWritable(file, ".png", options.terrain);
+        names.push_back(file);
+    }
+    return names;
+}
+
+// By default the camera looks north from above the highest point, at a point on the ground.
+std::vector<Camera> makeCameras(const Options& options, const HeightField& ground,
+                                const BoundingBoxd& world) {
+    const double x = world.xMax(), y = world.yMax(), up = world.zMax() + 0.0135 * y;
+    Vector3d eye(0.545 * x, 0.135 * y, up), end(0.418 * x, 0.652 * y, up);
+    Vector3d target(0.622 * x, 0.62 * y, ground.heightAt(0.622 * x, 0.62 * y));
+    const double zFar = options.zFar > 0 ? options.zFar : 1.22 * Vector3d::distance(eye, target);
+    const double zNear = options.zNear > 0 ? options.zNear : zFar / 190;
+    if (zNear >= zFar) throw std::runtime_error("--near must be less than --far");
+    if (!options.eye.empty()) eye = Vector3d(options.eye.data());
+    if (!options.target.empty()) target = Vector3d(options.target.data());
+    if (!options.end.empty()) end = Vector3d(options.end.data());
+
+    const double fov = options.fov * std::acos(-1.0) / 180;
+    const Matrix44d projection = Transformation::createPerspectiveT(fov, 1.6, zNear, zFar);
+    std::vector<Camera> cameras;
+    for (unsigned i = 0; i < std::max(options.path, 1u); ++i) {
+        const double t = i / std::max(options.path - 1.0, 1.0);
+        cameras.push_back(makeCamera(eye * (1 - t) + end * t, target, projection));
+    }
+    return cameras;
+}
+
+int run(CLI::App& app, int argc, char** argv) {
+    const Options options(app, argc, argv);
+    const std::vector<std::string> pictures = namePictures(options);
+    Scene scene = {HeightField(options.terrain, options.east, options.north), options.objects};
     const Node root = buildTree(scene, 0, scene.ground.columns - 1, 0, scene.ground.rows - 1);
+    const std::vector<Camera> cameras = makeCameras(options, scene.ground, root.box);
+    const Vector3d size = root.box.getBBSize();
+    std::printf("%s\n  %.0f m east, %.0f m north, %.0f to %.0f m up\n", options.terrain.c_str(),
+                size.x(), size.y(), root.box.zMin(), root.box.zMax());
     Map map(root.box, 1060 / std::max(root.box.xMax(), root.box.yMax()));
     drawGround(map, scene.ground);
-    for (std::size_t i = 0; i < cameras.size(); ++i) {
-        std::filesystem::path file(output);
-        const std::string number = path > 0 ? std::to_string(1000 + i).replace(0, 1, "-") : "";
-        file.replace_filename(file.stem().string() + number + file.extension().string());
-        if (!show(scene, root, map, cameras[i], file.string())) return 1;
+    for (std::size_t i = 0; i < pictures.size(); ++i) {
+        if (!show(scene, root, map, cameras[i], pictures[i])) return 1;
     }
     return 0;
 }
@@ -353,13 +387,6 @@ int run(CLI::App& app, int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    CLI::App app("Culls a landscape against a camera and draws what is in view, seen from above.");
-    try {
-        return run(app, argc, argv);
-    } catch (const CLI::CallForHelp& help) {
-        return app.exit(help);
-    } catch (const std::exception& e) {
-        std::cerr << "cull: " << e.what() << '\n';
-        return 2;
-    }
+    return runProgram("cull", "Culls a landscape and draws what is in view, seen from above.", run,
+                      argc, argv);
 }

@@ -9,16 +9,14 @@
 // not agree with the points that belong to them, and 2, after one line that says why, if the
 // program cannot do what it is asked.
 
+#include "Program.h"
 #include "Svg.h"
 
 #include <KyMath/KyMath.h>
 
-#include <CLI/CLI.hpp>
-
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
-#include <iostream>
 #include <limits>
 
 using namespace KyMath;
@@ -162,12 +160,12 @@ void drawPoints(const Panel& panel) {
 int run(CLI::App& app, int argc, char** argv) {
     std::string output = "curves.svg";
     std::vector<unsigned> counts = {11, 22, 64};
-    app.option_defaults()->always_capture_default();
     app.add_option("--output", output, "the picture, an SVG");
     app.add_option("--samples", counts, "points on a curve, for each column")
         ->expected(3)
-        ->check(CLI::Range(6, 1000));
+        ->check(within(6, 1000));
     app.parse(argc, argv);
+    requireWritable(output, ".svg");
 
     Svg svg(3 * kWidth + 4 * kGap, 5 * (kHeight + kTop) + kGap);
     bool exact = true;
@@ -180,20 +178,15 @@ int run(CLI::App& app, int argc, char** argv) {
     exact = drawSegments(Panel(svg, 4, 0, "Closest points of two segments")) && exact;
     exact = drawSphere(Panel(svg, 4, 1, "A line through a sphere")) && exact;
     drawPoints(Panel(svg, 4, 2, "Closest points on a segment"));
-    if (exact) svg.save(output);
-    return exact ? 0 : 1;
+    if (!exact) return 1;
+    svg.save(output);
+    std::printf("wrote %s\n", output.c_str());
+    return 0;
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-    CLI::App app("Draws curves through the same control points, and closest points.");
-    try {
-        return run(app, argc, argv);
-    } catch (const CLI::CallForHelp& help) {
-        return app.exit(help);
-    } catch (const std::exception& e) {
-        std::cerr << "curves: " << e.what() << '\n';
-        return 2;
-    }
+    return runProgram("curves", "Draws curves through the same control points, and closest points.",
+                      run, argc, argv);
 }

@@ -240,7 +240,11 @@ void convertQuaternions() {
 
 }  // namespace
 
-int main() {
+int main(int argc, char**) {
+    if (argc > 1) {
+        std::fputs("interop: takes no arguments; prints a line for each comparison\n", stderr);
+        return 2;
+    }
     const Vector3d angles(0.3, -0.4, 0.5), at(2, -5, 1);
     const Matrix44d scaled = Transformation::composeT(Vector3d(2, 1, 0.5), angles, at, 1.0);
     const Matrix44d rigid = Transformation::composeT(Vector3d(1, 1, 1), angles, at, 1.0);

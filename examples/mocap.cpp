@@ -17,16 +17,12 @@
 
 #include "Bvh.h"
 #include "OtherReader.h"
+#include "Program.h"
 #include "Svg.h"
 
 #include <KyMath/KyMath.h>
 
-#include <CLI/CLI.hpp>
-
-#include <chrono>
 #include <cstdio>
-#include <cstdlib>
-#include <iostream>
 #include <limits>
 #include <optional>
 
@@ -65,7 +61,7 @@ std::vector<Pose> play(const Bvh& motion, double rate) {
     const double step = 1 / (rate * motion.frameTime), last = double(motion.frames - 1);
     const double count = std::floor(last / step + 1e-9) + 1;
     if (!(count * double(motion.joints.size()) <= 2e6)) {
-        throw std::runtime_error("--rate: too many frames to play");
+        throw std::runtime_error("--rate: too many frames to play: more than 2 million joints");
     }
     std::vector<Pose> played;
     for (double i = 0; i < count; ++i) {
@@ -292,24 +288,29 @@ int run(CLI::App& app, int argc, char** argv) {
     std::string file = KYMATH_EXAMPLE_DATA, output = "mocap.svg";
     double rate = 24;
     bool check = false;
-    app.option_defaults()->always_capture_default();
     app.add_option("motion", file, "the motion capture, a BVH file");
     app.add_option("--output", output, "the picture, an SVG");
-    app.add_option("--rate", rate, "frames per second to play at, 0.1 to 10000");
+    app.add_option("--rate", rate, "frames per second to play")->check(within(0.1, 1e4));
     app.add_flag("--check", check, "compare all joints with another reader's");
     app.parse(argc, argv);
-    if (!(rate >= 0.1 && rate <= 1e4)) throw std::runtime_error("--rate is out of range");
+    requireWritable(output, ".svg", file);
 
     const Bvh motion(file);
     std::optional<OtherReader> other;
     if (check) other.emplace(file, motion);
-    std::printf("%s\n  %zu joints, %zu frames at %.4g Hz\n", file.c_str(), motion.joints.size(),
-                motion.frames, 1 / motion.frameTime);
-    const auto start = std::chrono::steady_clock::now();
     const std::vector<Pose> played = play(motion, rate);
-    const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;
-    std::printf("  played at %g Hz: %zu frames, %.0f a second\n", rate, played.size(),
-                double(played.size()) / taken.count());
+    const auto ends =
+        std::size_t(std::count_if(motion.joints.begin(), motion.joints.end(),
+                                  [](const auto& joint) { return joint.name.empty(); }));
+    std::printf("%s\n  %s, %s, %s at %.4g Hz\n", file.c_str(),
+                counted(motion.joints.size() - ends, "joint").c_str(),
+                counted(ends, "limb end").c_str(), counted(motion.frames, "frame").c_str(),
+                1 / motion.frameTime);
+    if (motion.dropped > 0) {
+        std::printf("  dropped: %s after the frames that the file counts\n",
+                    counted(motion.dropped, "line").c_str());
+    }
+    std::printf("  played at %g Hz: %s\n", rate, counted(played.size(), "frame").c_str());
 
     Proof proof = {motion};
     for (const Pose& pose : played) proof.addPose(pose);
@@ -319,19 +320,14 @@ int run(CLI::App& app, int argc, char** argv) {
     }
     if (!proof.holds() || (check && !readersAgree(motion, *other, proof))) return 1;
     draw(motion, played, proof.bounds, output);
+    std::printf("wrote %s\n", output.c_str());
     return 0;
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-    CLI::App app("Plays a motion capture, checks its arithmetic and draws it from the side.");
-    try {
-        return run(app, argc, argv);
-    } catch (const CLI::CallForHelp& help) {
-        return app.exit(help);
-    } catch (const std::exception& e) {
-        std::cerr << "mocap: " << e.what() << '\n';
-        return 2;
-    }
+    return runProgram("mocap",
+                      "Plays a motion capture, checks its arithmetic and draws it from the side.",
+                      run, argc, argv);
 }

@@ -16,7 +16,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     require(bytes.compare(0, 2, "P5") == 0);
     const std::size_t columns = ground->columns, rows = ground->rows;
     require(columns >= 2 && columns <= 20000 && rows >= 2 && rows <= 20000);
-    const std::vector<double> heights(ground->heights.begin(), ground->heights.end());
+    std::vector<double> heights;
+    for (const auto& row : ground->heights) heights.insert(heights.end(), row.begin(), row.end());
     require(heights.size() == columns * rows);
     const auto [low, high] = std::minmax_element(heights.begin(), heights.end());
     require(*low >= 0 && *high <= 65535);
