@@ -218,9 +218,9 @@ TEST(KyTransformTest, AgreesWithAnotherLibraryOnRigidTransforms) {
     for (int n = 0; n < 200; ++n) {
         const M a = rigid(corpus), b = rigid(corpus);
         const Eigen::Isometry3d p = other(a), q = other(b);
-        KyTransform t;
-        expectNear(q * p, t.compound(a, b));
-        expectNear(q.inverse() * p, t.compoundFirstThenInverseSecond(a, b));
+        KyTransform t(a), u(b);
+        expectNear(q * p, t.compound(t, b));  // in place
+        expectNear(q.inverse() * p, u.compoundFirstThenInverseSecond(a, u));
         expectNear(q * p.inverse(), t.compoundInverseFirstThenSecond(a, b));
         Eigen::Isometry3d blend(
             Eigen::Quaterniond(p.linear()).slerp(0.3, Eigen::Quaterniond(q.linear())));

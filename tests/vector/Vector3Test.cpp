@@ -99,7 +99,7 @@ TYPED_TEST(Vector3Test, OperandsMayBeTheVectorItselfOrItsComponents) {
     EXPECT_BITS(V(25, 27, -29), after(v, [&](V& w) { w.setLinear(w[0], w, w[2] - 2, u); }));
     EXPECT_BITS(V(-16, 61, 43), after(v, [&](V& w) { w.postCross(u); }));
     EXPECT_BITS(V(16, -61, -43), after(v, [&](V& w) { w.preCross(u); }));
-    EXPECT_BITS(V(0, 0, 0), after(v, [](V& w) { w.postCross(w); }));
+    EXPECT_BITS(V(16, -61, -43), after(v, [&](V& w) { w.setCross(u, w); }));
     // v x (1, 0, 0): the axis after the largest component.
     EXPECT_EQ(V(0, 5, 3), after(v, [](V& w) { w.setOrthogonal(w); }));
     V dir(0, 0, 1), across;
