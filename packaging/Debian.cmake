@@ -1,7 +1,7 @@
 # SPDX-FileCopyrightText: 2026 The KyMath authors
 # SPDX-License-Identifier: Apache-2.0
 
-# Debian packages, one for each component that is installed. scripts/package.sh builds and tries them.
+# Debian packages, one for each component that is installed. scripts/package.sh builds and tests them.
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
@@ -30,7 +30,7 @@ build, whatever the flags of a program that uses it.
 set(CPACK_DEBIAN_KYMATH_RUNTIME_PACKAGE_NAME libkymath${PROJECT_VERSION_MAJOR})
 set(CPACK_DEBIAN_KYMATH_RUNTIME_PACKAGE_SECTION libs)
 set(CPACK_DEBIAN_KYMATH_RUNTIME_DESCRIPTION "3-D geometry, exact to the last bit\n${what}
-This package holds the shared library, and views of its types for gdb.")
+This package contains the shared library, and views of its types for gdb.")
 
 set(CPACK_COMPONENT_KYMATH_DEVELOPMENT_DEPENDS KyMath_runtime)
 set(CPACK_DEBIAN_KYMATH_DEVELOPMENT_PACKAGE_NAME libkymath-dev)
@@ -39,14 +39,14 @@ set(CPACK_DEBIAN_KYMATH_DEVELOPMENT_PACKAGE_DEPENDS "libc6-dev, g++ | libstdc++-
 set(CPACK_DEBIAN_KYMATH_DEVELOPMENT_PACKAGE_SUGGESTS libkymath-doc)
 set(CPACK_DEBIAN_KYMATH_DEVELOPMENT_DESCRIPTION
     "3-D geometry, exact to the last bit (development files)\n${what}
-This package holds the headers, the archive, and files for CMake, pkg-config
-and debuggers that read natvis.")
+This package contains the headers, the archive, and files for CMake,
+pkg-config and debuggers that read natvis.")
 
 set(CPACK_DEBIAN_KYMATH_DOCUMENTATION_PACKAGE_NAME libkymath-doc)
 set(CPACK_DEBIAN_KYMATH_DOCUMENTATION_PACKAGE_SECTION doc)
 set(CPACK_DEBIAN_KYMATH_DOCUMENTATION_PACKAGE_ARCHITECTURE all)
 set(CPACK_DEBIAN_KYMATH_DOCUMENTATION_DESCRIPTION
     "3-D geometry, exact to the last bit (documentation)\n${what}
-This package holds the manual and programs to learn from.")
+This package contains the manual and example programs.")
 
 include(CPack)

@@ -1,8 +1,8 @@
 # SPDX-FileCopyrightText: 2026 The KyMath authors
 # SPDX-License-Identifier: Apache-2.0
 
-# CPack runs this when the components are installed in a folder each, before it packs these: adds
-# what Debian wants in every package, and the control files of the library.
+# CPack runs this after installing each component in its own folder, before it packs them: adds what
+# Debian wants in every package, and the control files of the library.
 
 set(version ${CPACK_PACKAGE_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE})
 set(root ${CPACK_TEMPORARY_DIRECTORY})
@@ -21,12 +21,12 @@ foreach(component RUNTIME DEVELOPMENT DOCUMENTATION)
     file(COPY_FILE ${CPACK_KYMATH_SOURCE_DIR}/CHANGELOG.md ${doc}/changelog)
     execute_process(COMMAND gzip -9n ${doc}/changelog ${doc}/changelog.Debian
                     COMMAND_ERROR_IS_FATAL ANY)
-    file(GLOB files ${doc}/copyright ${doc}/changelog*) # whatever those of the sources are
+    file(GLOB files ${doc}/copyright ${doc}/changelog*) # whatever modes the sources have
     file(CHMOD ${files} FILE_PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)
 endforeach()
 
 # Which packages the library needs, and which version of it a program needs: the minor version that the
-# program was built with. The names are those that the tests know, and nothing else.
+# program was built with. The symbols are exactly those of tests/abi/exported.txt.
 set(runtime ${root}/KyMath_runtime)
 set(package ${CPACK_DEBIAN_KYMATH_RUNTIME_PACKAGE_NAME})
 set(major ${CPACK_PACKAGE_VERSION_MAJOR})
@@ -42,7 +42,7 @@ file(WRITE ${control}/triggers "activate-noawait ldconfig\n")
 set(CPACK_DEBIAN_KYMATH_RUNTIME_PACKAGE_CONTROL_EXTRA
     ${control}/symbols ${control}/shlibs ${control}/triggers)
 
-# Not by CPACK_DEBIAN_PACKAGE_SHLIBDEPS: that would add scripts which call ldconfig, beside the trigger.
+# Not by CPACK_DEBIAN_PACKAGE_SHLIBDEPS: that would add scripts that call ldconfig besides the trigger.
 file(WRITE ${control}/debian/control "Source: kymath\n")
 file(GLOB library ${runtime}/usr/lib/*/libKyMath.so.?.?.?)
 execute_process(COMMAND dpkg-shlibdeps -O ${library} WORKING_DIRECTORY ${control}
