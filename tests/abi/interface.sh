@@ -11,15 +11,17 @@ work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 stored=$(cd "$(dirname "$0")" && pwd)/KyMath.abi.xz
 cd "$1"
-g++ -std=c++17 -g -O1 -fPIC -shared -fvisibility=hidden -ffp-contract=off -Wno-psabi \
-    -Iinclude -Isrc src/*/*.cpp -Wl,--version-script=cmake/KyMath.map -Wl,-soname,libKyMath.so.1 \
-    -o "$work/libKyMath.so"
+build=build/interface
+{ cmake --preset debug -B $build -DCMAKE_CXX_COMPILER=g++ -DKYMATH_TESTS=OFF -DKYMATH_EXAMPLES=OFF &&
+    cmake --build $build --target KyMath; } >"$work/log" 2>&1 || { cat "$work/log"; exit 1; }
+library=$build/src/libKyMath.so
 
 if [[ ${2:-} == --update ]]; then
     abidw --no-show-locs --no-corpus-path --no-comp-dir-path --no-elf-needed \
-        "$work/libKyMath.so" | xz -9 >"$stored"
+        $library | xz -9 >"$stored"
     exit
 fi
 xz -d <"$stored" >"$work/stored.abi"
-abidiff --no-added-syms "$work/stored.abi" "$work/libKyMath.so" || { echo "the interface changed (status $?)"; exit 1; }
+abidiff --no-added-syms "$work/stored.abi" $library ||
+    { echo "the interface changed (status $?)"; exit 1; }
 echo "$(grep -c '<elf-symbol ' "$work/stored.abi") symbols, unchanged"

@@ -48,7 +48,7 @@ for seed in 1 2 3; do in_order "random $seed" shuf --random-source=<(yes $seed);
 
 # What a unit reads of ours, without comments, and which headers of the standard library.
 read_by() { echo "#include <$1>" | "$compiler" -E -dI -x c++ "-I$include" -; }
-ours() { awk -v folder="\"$include/" '/^# [0-9]+ "/ {on = index($3, folder); next} on && NF'; }
+ours() { awk -v folder="\"$include/" '/^# [0-9]+ "/ {on = index($0, folder); next} on && NF'; }
 measured=$(for header in KyMath/Vectors.h KyMath/KyMath.h; do
     echo "$header: $(read_by $header | ours | grep -vc '^#include ') lines," \
         "$(read_by $header | ours | grep -oP '^#include \K<\w+>' | sort -u | xargs)"
