@@ -87,7 +87,8 @@ public:
     void toMatrix44(double (*m)[4]) const;
 
     /// Sets the order, and the angles from the nine entries of a rotation. A uniform scale does not
-    /// matter; any other scale, or a mirror, gives the angles of some other rotation.
+    /// matter unless it is small, since the threshold below does not scale; any other scale, or a
+    /// mirror, gives the angles of some other rotation.
     ///
     /// a0 and a2 lie in [-pi, pi]. With three different axes, a1 lies in [-pi/2, pi/2]. With a
     /// repeated axis it lies in [-pi, 0] for eXYX, eYZY, eZXZ and in [0, pi] for eXZX, eYXY, eZYZ,
