@@ -4,7 +4,7 @@
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
-# What programs need to run, what they need to be built, and, on request only, what people read.
+# What programs need to run, what is needed to build them, and, only on request, the documentation.
 set(runtime COMPONENT KyMath_runtime)
 set(development COMPONENT KyMath_development)
 set(documentation COMPONENT KyMath_documentation EXCLUDE_FROM_ALL)
@@ -24,14 +24,14 @@ write_basic_package_version_file(${PROJECT_BINARY_DIR}/KyMathConfigVersion.cmake
 install(FILES cmake/KyMathConfig.cmake ${PROJECT_BINARY_DIR}/KyMathConfigVersion.cmake
         DESTINATION ${package_dir} ${development})
 
-# The way from the .pc file back to the prefix, so that an installed tree can be moved.
+# The path from the .pc file back to the prefix, so that an installed tree can be moved.
 file(RELATIVE_PATH pc_prefix /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
 configure_file(cmake/KyMath.pc.in ${PROJECT_BINARY_DIR}/KyMath.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/KyMath.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig
         ${development})
 
-# Debugger views. gdb loads those beside the library, or, for a system's own libraries, from its data
-# directory: a file beside those would be found first, and refused.
+# Debugger views. gdb loads those beside the library, or, for a library of the system, from its data
+# directory: there, a file beside the library would be found first, and refused.
 install(FILES debug/KyMath.natvis DESTINATION ${CMAKE_INSTALL_DATADIR}/KyMath ${development})
 install(
     CODE "
