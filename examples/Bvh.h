@@ -75,15 +75,15 @@ private:
     std::size_t at_ = 0;
 };
 
-/// A motion capture as a BVH file tells it: a skeleton, and the values of its channels per frame.
+/// A motion capture from a BVH file: a skeleton, and for each frame the values of its channels.
 struct Bvh {
     struct Joint {
         std::string name;       ///< empty for the end of a limb, which has no channels
-        std::size_t parent;     ///< which comes before its children; the root has itself
-        KyMath::Vector3d rest;  ///< where it is from its parent; position channels add to that
+        std::size_t parent;     ///< always an earlier joint; the root is its own parent
+        KyMath::Vector3d rest;  ///< offset from the parent; position channels are added to it
         Ky::KyEulerAngles::eEulerOrder order = Ky::KyEulerAngles::eXYZs;
-        /// Which of a frame's values are the position in x, y, z, and the angles in the sequence of
-        /// their channels. Value 0 is a zero, for the channels that the joint does not have.
+        /// Indices into the values of a frame: the position in x, y, z, and the angles in the order
+        /// of their channels. Value 0 of a frame is zero and stands for a missing channel.
         std::size_t position[3] = {0, 0, 0}, angle[3] = {0, 0, 0};
 
         bool moves() const {
@@ -98,7 +98,7 @@ struct Bvh {
     std::size_t channels = 0, frames = 0;
     std::size_t dropped = 0;     ///< lines after the frames that the file counts
     double frameTime = 0;        ///< in seconds
-    std::vector<double> values;  ///< frame after frame, each a zero and then its channels
+    std::vector<double> values;  ///< frame by frame: a zero, then the channels
 
     explicit Bvh(const std::string& file) {
         Words words(file);
@@ -120,8 +120,7 @@ private:
         return {value[which[0]], value[which[1]], value[which[2]]};
     }
 
-    // Braces are followed without recursion. No skeleton is a thousand joints deep: who reads the
-    // same file with recursion is safe.
+    // Not recursive. The depth is limited so that a recursive reader of the same file is safe, too.
     void readSkeleton(Words& words) {
         words.expect({"HIERARCHY", "ROOT"});
         readJoint(words, 0);
@@ -149,8 +148,8 @@ private:
         return {x, y, z};
     }
 
-    // Channels Zrotation Yrotation Xrotation mean Rz Ry Rx on column vectors: the static order of
-    // these letters. Axes without a channel, whose angle is 0, may follow in any order.
+    // Channels Zrotation Yrotation Xrotation mean Rz Ry Rx applied to column vectors, which is the
+    // static order ZYX. Axes without a channel have angle 0 and may come in any order after these.
     std::size_t readJoint(Words& words, std::size_t parent) {
         using Angles = Ky::KyEulerAngles;
         static const std::map<std::string, Angles::eEulerOrder> orders = {
@@ -180,7 +179,7 @@ private:
         return joints.size() - 1;
     }
 
-    // Frame by frame, so that a count that promises more than the file holds costs no memory.
+    // Frame by frame, so that a frame count larger than the file costs no memory.
     void readFrames(Words& words) {
         words.expect({"MOTION", "Frames:"});
         const auto count = words.number(std::size_t(1), std::size_t(-1), "a count of frames");

@@ -6,7 +6,7 @@
 #include <KyMath/Matrix.h>
 #include <KyMath/Vectors.h>
 
-// Between the scalar types, which the library never does by itself.
+// Conversions between float and double: the library has no implicit ones.
 
 inline KyMath::Vector3f toFloat(const KyMath::Vector3d& v) {
     return {float(v.x()), float(v.y()), float(v.z())};

@@ -35,11 +35,11 @@ struct HeightField {
         columns = readNumber(in);
         rows = readNumber(in);
         const std::size_t maximum = readNumber(in);
-        const bool ended = std::isspace(in.get()) != 0;  // by one byte of white space
+        const bool ended = std::isspace(in.get()) != 0;  // one byte of white space ends the header
         require(magic && ended && maximum > 255 && maximum < 65536, "not a 16-bit binary PGM");
         require(std::min(columns, rows) >= 2 && std::max(columns, rows) <= 20000,
                 "not 2 to 20000 heights a side");
-        // Row by row, so that a header that promises more than the file holds costs no memory.
+        // Row by row, so that a header that claims more than the file holds costs no memory.
         std::vector<unsigned char> bytes(2 * columns);
         while (heights.size() < rows) {
             in.read(reinterpret_cast<char*>(bytes.data()), std::streamsize(bytes.size()));

@@ -25,14 +25,14 @@ struct Map : Picture {
     Vector3d toPixel(const Vector3d& p) const {
         return {p.x() * scale, (world.yMax() - p.y()) * scale, 0};
     }
-    Vector3d toWorld(const Vector3d& p) const {  // on the level of the mean height
+    Vector3d toWorld(const Vector3d& p) const {  // at the mean height
         return {p.x() / scale, world.yMax() - p.y() / scale, world.center().z()};
     }
 
-    /// Draws a line around the part of the mean level that is inside all of the planes.
+    /// Outlines the region that is inside all planes at the mean height.
     void outline(const std::vector<KyMath::Planed>& planes, const Vector3d& colour) {
         const auto line = [&](const Vector3d& pixel) {
-            double inside = 1e9;  // pixels to the nearest of the lines where planes cut the level
+            double inside = 1e9;  // distance in pixels to the nearest edge of the region
             for (const KyMath::Planed& plane : planes) {
                 const Vector3d n = plane.getNormal();
                 const double slope = std::hypot(n.x(), n.y()) + 1e-9;
@@ -44,7 +44,7 @@ struct Map : Picture {
     }
 };
 
-/// The bare ground: brighter where it is higher and where it faces a light in the north-west.
+/// Draws the ground, brighter where it is higher and where it faces a light in the north-west.
 inline void drawGround(Map& map, const HeightField& ground) {
     using namespace KyMath;
     const double d = 0.75 * std::max(ground.cellEast, ground.cellNorth);
@@ -52,7 +52,7 @@ inline void drawGround(Map& map, const HeightField& ground) {
     const auto shade = [&](const Vector3d& pixel) {
         const Vector3d p = map.toWorld(pixel);
         const auto h = [&](double x, double y) { return ground.heightAt(p.x() + x, p.y() + y); };
-        Vector3d normal(h(-d, 0) - h(d, 0), h(0, -d) - h(0, d), d);  // slopes doubled, for relief
+        Vector3d normal(h(-d, 0) - h(d, 0), h(0, -d) - h(0, d), d);  // slopes doubled for clarity
         normal.normalize();
         const double t = (h(0, 0) - map.world.zMin()) / (map.world.getBBSize().z() + 1);
         const double bright = 0.4 + 0.72 * std::max(0.0, normal * light);

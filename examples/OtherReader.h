@@ -10,8 +10,8 @@
 
 #include <assimp/Importer.hpp>
 
-/// Where the library assimp finds the joints of a motion capture: with its own reader, skeleton and
-/// quaternions, and in its arithmetic, which is float.
+/// Joint positions of a motion capture as the library assimp computes them, with its own reader,
+/// skeleton and quaternions, in float.
 class OtherReader {
 public:
     OtherReader(const std::string& file, const Bvh& motion) : motion_(motion) {
@@ -23,7 +23,7 @@ public:
         }
     }
 
-    /// In the world and in the order of the file, with the ends of limbs.
+    /// World positions in the order of the file, including the ends of limbs.
     std::vector<KyMath::Vector3d> joints(std::size_t frame) const {
         std::vector<KyMath::Vector3d> result;
         add(result, *scene_->mRootNode, aiMatrix4x4(), frame);
@@ -41,8 +41,8 @@ private:
         if (track != tracks_.end()) {
             const aiNodeAnim& keys = *track->second;
             rotation = keys.mRotationKeys[frame].mValue;
-            // It takes position channels only together with three rotations, and then in place of
-            // the rest position, to which they add here.
+            // It reads position channels only together with three rotations. They replace its rest
+            // position, whereas here they are added to it.
             if (moves && keys.mNumPositionKeys <= frame) {
                 throw std::runtime_error("--check: the other reader has no position channels of " +
                                          track->first);
@@ -64,7 +64,7 @@ private:
 #else
 struct OtherReader {
     OtherReader(const std::string&, const Bvh&) {
-        throw std::runtime_error("--check is not built in: it takes the library assimp");
+        throw std::runtime_error("--check is not built in: it needs the library assimp");
     }
     std::vector<KyMath::Vector3d> joints(std::size_t) const {
         return {};

@@ -12,8 +12,8 @@
 #include <string>
 #include <vector>
 
-/// Picture to draw on. Positions are in pixels, x to the right and y down, z ignored; colours are
-/// (red, green, blue) from 0 to 1.
+/// A picture to draw on. Positions are in pixels, x to the right and y down; z is ignored. Colours
+/// are (red, green, blue) from 0 to 1.
 class Picture {
 public:
     using Vector3d = KyMath::Vector3d;
@@ -21,11 +21,11 @@ public:
     Picture(int width, int height)
         : width_(width), height_(height), pixels_(std::size_t(width) * std::size_t(height)) {}
 
-    /// Blends over each pixel that is within reach of the rectangle with corners a and b what
-    /// over(centre) returns: red, green, blue and opacity.
+    /// Calls over(centre) for each pixel within reach of the rectangle with corners a and b, and
+    /// blends the result (red, green, blue, opacity) over the pixel.
     template <class Over>
     void paint(const Vector3d& a, const Vector3d& b, double reach, Over over) {
-        const auto first = [](double v, int size) {  // the first pixel whose centre is not below v
+        const auto first = [](double v, int size) {  // first pixel whose centre is at least v
             return int(std::ceil(std::clamp(v - 0.5, 0.0, double(size))));
         };
         const int x0 = first(std::min(a.x(), b.x()) - reach, width_);
@@ -41,7 +41,7 @@ public:
         }
     }
 
-    /// Draws the segment from a to b with round ends, antialiased; a dot where a equals b.
+    /// Draws the segment from a to b, antialiased and with round ends; a dot if a equals b.
     void stroke(const Vector3d& a, const Vector3d& b, double thickness, const Vector3d& colour,
                 double opacity) {
         const Vector3d from(a.x(), a.y(), 0), d(b.x() - a.x(), b.y() - a.y(), 0);
@@ -53,8 +53,8 @@ public:
         });
     }
 
-    /// Writes a PNG; libpng removes what it could not finish. Throws std::runtime_error that names
-    /// the file and the reason.
+    /// Writes a PNG, and removes it again if that fails. Throws std::runtime_error with the file
+    /// and the reason.
     void save(const std::string& file) const {
         std::vector<png_byte> bytes;
         for (const Vector3d& p : pixels_) {

@@ -17,13 +17,13 @@
 #include <stdexcept>
 #include <string>
 
-/// Runs a program whose options run() defines and parses. The exit status is that of run(), or 2
-/// after one line that gives the reason if the program cannot do what it is asked.
+/// Calls run(), which defines and parses the options. Returns its result as the exit status, or 2
+/// after a one-line error message.
 inline int runProgram(const std::string& name, const std::string& description,
                       int (*run)(CLI::App&, int, char**), int argc, char** argv) {
     CLI::App app(description, name);
     app.option_defaults()->always_capture_default();
-    app.set_version_flag("--version", name + " of KyMath " KYMATH_EXAMPLES_VERSION);
+    app.set_version_flag("--version", name + " of KyMath " KYMATH_EXAMPLE_VERSION);
     try {
         return run(app, argc, argv);
     } catch (const CLI::Success& helpOrVersion) {
@@ -36,7 +36,7 @@ inline int runProgram(const std::string& name, const std::string& description,
     return 2;
 }
 
-/// Accepts a number in [low, high], not NaN. --help and messages show the range.
+/// Accepts numbers in [low, high] but not NaN. The range appears in --help and in messages.
 inline CLI::Validator within(double low, double high) {
     std::ostringstream range;
     range << std::setprecision(8) << low << " to " << high;
@@ -49,8 +49,8 @@ inline CLI::Validator within(double low, double high) {
     return CLI::Validator(check, range.str());
 }
 
-/// Throws std::runtime_error that names the file and the reason unless a picture can be written to
-/// output: a new or a regular file with this extension, and not the input by another name.
+/// Throws std::runtime_error with the file and the reason unless a picture can be written to
+/// output: a new or regular file with this extension that is not the input under another name.
 inline void requireWritable(const std::string& output, const std::string& extension,
                             const std::string& input = "") {
     namespace fs = std::filesystem;

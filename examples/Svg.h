@@ -14,14 +14,14 @@
 #include <string>
 #include <vector>
 
-/// Drawing as an SVG file. Positions are in pixels, x to the right and y down, z ignored; colours
-/// are any of CSS, such as "#2a7".
+/// A drawing as an SVG file. Positions are in pixels, x to the right and y down; z is ignored.
+/// Colours are CSS colours, such as "#2a7".
 class Svg {
 public:
     using Points = std::vector<KyMath::Vector3d>;
 
     Svg(double width, double height) {
-        body_.precision(6);  // a thousandth of a pixel is enough
+        body_.precision(6);  // thousandths of a pixel are enough
         body_ << R"(<svg xmlns="http://www.w3.org/2000/svg" width=")" << width << R"(" height=")"
               << height << R"(" viewBox="0 0 )" << width << " " << height << "\">\n"
               << R"(<rect width="100%" height="100%" fill="white"/>)"
@@ -49,7 +49,7 @@ public:
                           << thickness << "\"/>\n";
     }
 
-    /// text must not hold characters that XML reserves.
+    /// The text must not contain characters that XML reserves.
     void label(const KyMath::Vector3d& p, const std::string& text, double size,
                const std::string& colour) {
         body_ << R"(<text font-family="sans-serif" x=")" << p.x() << R"(" y=")" << p.y()
@@ -57,7 +57,8 @@ public:
               << "</text>\n";
     }
 
-    /// Throws std::runtime_error that names the file and the reason, and leaves no part of it.
+    /// Writes the file, and removes it again if that fails. Throws std::runtime_error with the file
+    /// and the reason.
     void save(const std::string& file) const {
         std::ofstream out(file, std::ios::binary);
         if (!out) throw std::runtime_error(file + ": " + std::strerror(errno));

@@ -1,17 +1,17 @@
 // SPDX-FileCopyrightText: 2026 The KyMath authors
 // SPDX-License-Identifier: Apache-2.0
 
-// Culls a real landscape, and the huts and trees on it, against a camera, and draws the outcome:
+// Culls a real landscape with huts and trees against a camera, and draws the result:
 //
 //   1. the scene: boxes in world space, many placed by a transformation, in a tree of boxes;
-//   2. the camera: view and projection matrices, and from them the planes around what it sees;
+//   2. the camera: view and projection matrices, and the planes of the view volume from them;
 //   3. culling down the tree, where a box is tested only against planes that its parent straddles,
-//      and box by box, which must see the same;
-//   4. the same planes in float, as a renderer holds them, against those in double;
-//   5. the picture from above: green is wholly in view, amber in part, grey not at all.
+//      and box by box, which must give the same result;
+//   4. a comparison of the same planes in float, as a renderer uses them, with those in double;
+//   5. the picture from above: green is wholly in view, amber partly, grey not at all.
 //
 // World coordinates are metres: x east, y north, z up. The exit status is 1 if a check of 3 or 4
-// fails, and 2, after one line that says why, if the program cannot do what it is asked.
+// fails, and 2 after a one-line message for any other error.
 
 #include "Convert.h"
 #include "HeightField.h"
@@ -38,8 +38,8 @@ struct Item {
     bool isTile;  // of the ground; otherwise a hut or a tree
 };
 
-// A box that holds all that is below it: up to four nodes, or one tile with what stands on it,
-// which are the scene's items from begin to end.
+// A box around everything below it: up to four nodes, or a tile and the objects on it, which are
+// the scene's items from begin to end.
 struct Node {
     BoundingBoxd box;
     std::vector<Node> children;
@@ -58,8 +58,8 @@ struct Scene {
     }
 };
 
-// From the model's own space to the world: scaled, turned about z, set on the ground. The world box
-// may be larger than the turned object needs, never smaller.
+// From model space to the world: scaled, rotated about z, set on the ground. The world box contains
+// the rotated box, but is not the smallest that does.
 BoundingBoxd placeObject(Scene& scene, double x, double y) {
     const double size = scene.uniform(0.7, 1.5), turn = scene.uniform(-3.1, 3.1);
     const Vector3d foot(x, y, scene.ground.heightAt(x, y));
@@ -70,8 +70,8 @@ BoundingBoxd placeObject(Scene& scene, double x, double y) {
     return box;
 }
 
-// The node for cells [c0, c1) by [r0, r1) of the ground. That its box holds all the boxes below is
-// all that culling relies on.
+// Builds the node for cells [c0, c1) by [r0, r1) of the ground. Culling relies only on each box
+// containing all the boxes below it.
 Node buildTree(Scene& scene, std::size_t c0, std::size_t c1, std::size_t r0, std::size_t r1) {
     const auto middle = [](std::size_t a, std::size_t b, std::size_t tile) {
         return std::min(b, a + (b - a + 2 * tile - 1) / (2 * tile) * tile);
@@ -81,7 +81,8 @@ Node buildTree(Scene& scene, std::size_t c0, std::size_t c1, std::size_t r0, std
     if (c[1] == c1 && r[1] == r1) {  // a tile of at most 9 by 7 cells
         const BoundingBoxd tile = scene.ground.box(c0, c1, r0, r1);
         scene.items.push_back({tile, true});
-        // One tile in six, and the last one, has a hamlet: the objects due for all cells so far.
+        // One tile in six, and the last one, has a hamlet with the objects due for all cells so
+        // far.
         const std::size_t all = (scene.ground.columns - 1) * (scene.ground.rows - 1);
         scene.cells += (c1 - c0) * (r1 - r0);
         const bool hamlet = scene.uniform(0, 6) < 1 || scene.cells == all;
@@ -109,12 +110,12 @@ Node buildTree(Scene& scene, std::size_t c0, std::size_t c1, std::size_t r0, std
 struct Camera {
     Vector3d eye;
     Matrix44d view, projection, clip;  // world to camera, camera to clip space, and both
-    std::vector<Planed> planes;        // of the view volume, in world space, facing inwards
+    std::vector<Planed> planes;        // of the view volume in world space, facing inwards
 };
 
-// A point is in view when its clip coordinates hold -w <= x <= w, -w <= y <= w and 0 <= z <= w.
-// These are linear in the point, with sums of rows of the matrix as coefficients. Depth is
-// reversed: z <= w is the side near the camera. The planes are in the order of Frustum::ePlane.
+// A point is in view if its clip coordinates satisfy -w <= x <= w, -w <= y <= w and 0 <= z <= w.
+// Each condition is a plane whose coefficients are a sum of two rows of the matrix. Depth is
+// reversed: z <= w is the near side. The planes are in the order of Frustum::ePlane.
 Camera makeCamera(const Vector3d& eye, const Vector3d& target, const Matrix44d& projection) {
     const Matrix44d toWorld = Transformation::createCameraLookAtT(eye, target, Vector3d(0, 0, 1));
     const Matrix44d view = toWorld.inverse_orthogonal();  // the look-at is rigid
@@ -123,7 +124,7 @@ Camera makeCamera(const Vector3d& eye, const Vector3d& target, const Matrix44d& 
     const Vector4d z = camera.clip.row(2), w = camera.clip.row(3);
     for (const Vector4d& coefficients : {w + x, w - x, w + y, w - y, w - z, z}) {
         camera.planes.push_back(Planed(coefficients));
-        camera.planes.back().makeUnitLength();  // to have distances in metres
+        camera.planes.back().makeUnitLength();  // makes distances metres
         if (!camera.planes.back().getAsVector4().isFinite()) {
             throw std::runtime_error("the eye and the target of the camera coincide");
         }
@@ -136,13 +137,14 @@ Camera makeCamera(const Vector3d& eye, const Vector3d& target, const Matrix44d& 
 struct Cull {
     const std::vector<Item>& items;
     Polytope volume;
-    // What is in view: an item, and the mask of the planes that it straddles, 0 if wholly in view.
+    // Items in view, each with the mask of the planes that it straddles: 0 if wholly in view.
     std::vector<std::pair<std::size_t, unsigned>> seen = {};
     bool counting = false;
     std::size_t nodes = 0, untested = 0, evaluations = 0;
 
-    // A box outside takes all below it along. Below any other box only the planes that it straddles
-    // matter: push says so, pop takes it back. Below a mask of 0 contains() accepts without a test.
+    // If a box is outside, so is everything below it. Otherwise only the planes that it straddles
+    // matter below it: push keeps these, pop restores the others. With none left, contains()
+    // accepts without a test.
     void testNode(const Node& node) {
         nodes += counting;
         if (!contains(node.box)) return;
@@ -163,7 +165,7 @@ struct Cull {
         return volume.contains(box);
     }
 
-    // One evaluation is one plane tested against one box. contains() tests the planes in the mask
+    // One evaluation is one test of a plane against a box. contains() tests the planes in the mask
     // on top of the stack, up to the first that has the box outside.
     void count(const BoundingBoxd& box) {
         const unsigned mask = volume.getMaskStack().back();
@@ -176,8 +178,9 @@ struct Cull {
     }
 };
 
-// Runs a cull once to count its work, which lets the mask stack and the result grow, then several
-// times to time it: nothing is allocated any more. Returns the median in microseconds.
+// Runs a cull once to count its work, then several times to time it. The first run also grows the
+// mask stack and the result, so the timed ones allocate nothing. Returns the median in
+// microseconds.
 template <class Run>
 double measure(Cull& cull, Run run) {
     std::array<double, 31> times;
@@ -195,15 +198,15 @@ double measure(Cull& cull, Run run) {
     return times[15];
 }
 
-// 4. Float against double ----------------------------------------------------------------------
+// 4. Float and double --------------------------------------------------------------------------
 
-// In float a plane may judge a box differently only where rounding decides: when a corner of the
-// box is within a few units in the last place, of the largest distances involved, from the plane.
+// In float a plane may classify a box differently only if a corner of the box is so close to the
+// plane that rounding decides: within a few units in the last place of the largest distances.
 bool frustumAgrees(const Camera& camera, const Scene& scene, const BoundingBoxd& world) {
     Frustum frustum;
     frustum.setToWorldSpaceFrustum(toFloat(camera.view), toFloat(camera.projection));
     double reach = camera.eye.norm() + world.getMax().norm();
-    reach += std::abs(camera.planes.back().getAsVector4().w());  // of the far side
+    reach += std::abs(camera.planes.back().getAsVector4().w());  // to the far plane
     const double allowed = 16 * double(std::numeric_limits<float>::epsilon()) * reach;
     double furthest = 0;
     std::size_t differ = 0;
@@ -220,7 +223,8 @@ bool frustumAgrees(const Camera& camera, const Scene& scene, const BoundingBoxd&
         }
     }
     std::printf(
-        "  in float: %zu of %zu verdicts differ, at most %.3f m (allowed: %.3f m) off the plane\n",
+        "  float planes: %zu of %zu tests differ from double, at most %.3f m off (allowed: %.3f "
+        "m)\n",
         differ, 6 * scene.items.size(), furthest, allowed);
     return furthest <= allowed;
 }
@@ -230,7 +234,7 @@ bool frustumAgrees(const Camera& camera, const Scene& scene, const BoundingBoxd&
 const Vector3d kGreen(0.24, 0.56, 0.36), kAmber(0.90, 0.58, 0.12), kGrey(0.62, 0.63, 0.66),
     kInk(0.10, 0.14, 0.25), kWhite(1, 1, 1);
 
-// The outcome for each node where it is final: wholly inside, wholly outside, or a tile.
+// Draws each node that is not divided further: wholly inside, wholly outside, or a tile.
 void drawTree(Map& map, const Node& node, const Camera& camera) {
     int side = 1;  // -1 if outside any plane, 1 if inside all of them
     for (const Planed& plane : camera.planes) side = std::min(side, plane.intersect(node.box));
@@ -255,16 +259,16 @@ void drawObjects(Map& map, const Cull& cull) {
     }
 }
 
-// The eye, a line around what it sees of the mean level, and its rays to the corners of that.
+// Draws the eye, the outline of its view at the mean height, and rays to the corners of that.
 void drawCamera(Map& map, const Camera& camera) {
     map.outline(camera.planes, kInk);
     const Vector3d eye = map.toPixel(camera.eye);
     const Matrix44f toWorld = toFloat(camera.clip.inverse());
     for (const Vector3f& corner : {Vector3f(-1, -1, 0), {1, -1, 0}, {1, 1, 0}, {-1, 1, 0}}) {
-        Vector3f from, to;  // at device depths 1 and 0: depth is reversed, so the near end first
+        Vector3f from, to;  // at device depths 1 and 0, so from near to far: depth is reversed
         getWorldSpaceSegment(toWorld, corner, from, to);
         const float t = (float(map.world.center().z()) - from.z()) / (to.z() - from.z());
-        if (!(t > 0 && t < 1)) continue;  // it misses the level
+        if (!(t > 0 && t < 1)) continue;  // it does not reach that height
         map.stroke(eye, map.toPixel(toDouble(from + (to - from) * t)), 1, kInk, 0.6);
     }
     map.stroke(eye, eye, 15, kInk, 1);
@@ -273,7 +277,7 @@ void drawCamera(Map& map, const Camera& camera) {
 
 // The program ----------------------------------------------------------------------------------
 
-// Culls for one camera and draws the outcome. Returns false, without a picture, if a check fails.
+// Culls for one camera and draws the result. Returns false without a picture if a check fails.
 bool show(const Scene& scene, const Node& root, Map map, const Camera& camera,
           const std::string& output) {
     Cull tree = {scene.items, Polytope(camera.planes)}, list = tree;
@@ -320,13 +324,14 @@ struct Options {
         add("--cell-east", east, 0.01, 1e4, "metres between columns of the heights");
         add("--cell-north", north, 0.01, 1e4, "metres between rows");
         add("--objects", objects, 0, 1e6, "number of huts and trees");
-        addFitted("--eye", eye, -1e7, "the camera's metres east, north and up")->expected(3);
-        addFitted("--target", target, -1e7, "the point it looks at")->expected(3);
-        add("--fov", fov, 1, 170, "its vertical field of view in degrees");
-        addFitted("--near", zNear, 0.01, "where its view begins, in metres");
-        addFitted("--far", zFar, 0.01, "where its view ends");
-        add("--path", path, 0, 999, "draw this many numbered pictures on the way to --path-end");
-        addFitted("--path-end", end, -1e7, "where the camera ends up")->expected(3);
+        addFitted("--eye", eye, -1e7, "position of the camera: metres east, north, up")
+            ->expected(3);
+        addFitted("--target", target, -1e7, "point that the camera looks at")->expected(3);
+        add("--fov", fov, 1, 170, "vertical field of view in degrees");
+        addFitted("--near", zNear, 0.01, "distance to the near plane in metres");
+        addFitted("--far", zFar, 0.01, "distance to the far plane");
+        add("--path", path, 0, 999, "number of pictures to draw on the way to --path-end");
+        addFitted("--path-end", end, -1e7, "last position of the camera")->expected(3);
         app.parse(argc, argv);
     }
 };

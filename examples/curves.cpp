@@ -3,11 +3,10 @@
 
 // Draws a gallery: the same control points as a polyline and as each kind of curve, at several
 // sample counts; the closest points of two segments in space; a line through a sphere; points
-// around a segment, each joined to the closest point on it.
+// around a segment, each connected to the closest point on it.
 //
-// The exit status is 1 if a curve does not start and end at its control points, or if distances do
-// not agree with the points that belong to them, and 2, after one line that says why, if the
-// program cannot do what it is asked.
+// The exit status is 1 if a curve does not start and end at its control points, or if a distance
+// does not match its points, and 2 after a one-line message for any other error.
 
 #include "Program.h"
 #include "Svg.h"
@@ -30,7 +29,7 @@ const double kPi = std::acos(-1.0);
 const Vector3d kX(1, 0, 0), kY(0, 1, 0);
 const Quaterniond kFromAbove = Quaterniond(kX, 0.4) * Quaterniond(kY, -0.5);
 
-// One cell of the gallery, and how its contents are seen: turned, then without their depth.
+// One cell of the gallery. Its contents are rotated by the view, then projected along z.
 struct Panel {
     Svg& svg;
     Vector3d corner;
@@ -43,7 +42,7 @@ struct Panel {
         svg.label(corner - kY * 8, title, 14, kInk);
     }
 
-    // The origin is in the middle, y points up.
+    // The origin is in the middle; y points up.
     Vector3d operator()(const Vector3d& p) const {
         const Vector3d q = view * p;
         return corner + Vector3d(kWidth / 2 + q.x(), kHeight / 2 - q.y(), 0);
@@ -59,7 +58,7 @@ struct Panel {
     }
 };
 
-// Whether something of that size is off by a few roundings at most.
+// Whether the error is within a few roundings of a value of this size.
 bool check(const char* what, double error, double size) {
     const double allowed = 8 * size * std::numeric_limits<double>::epsilon();
     std::printf("%s: off by %.1e (allowed: %.1e)\n", what, error, allowed);
@@ -80,7 +79,7 @@ Svg::Points polyline(unsigned count) {
     return points;
 }
 
-// The first three are eCurveType.
+// The first three are in the order of eCurveType.
 const std::string kKinds[] = {"B-spline", "Bezier", "Catmull-Rom", "Polyline"};
 const std::string kColours[] = {kAmber, kBlue, kGreen, kGrey};
 
@@ -114,8 +113,8 @@ bool drawSegments(Panel panel) {
     panel.svg.line(panel({a.p1, a.p2}), kBlue, 3);
     for (const Vector3d& p : {onA, onB}) panel.svg.dot(panel(p), 4.5, kRed);
     panel.number((onA + onB) * 0.5, distance, kRed);
-    return check("closest points of two segments, against their distance",
-                 std::abs((onA - onB).norm() - distance), distance);
+    return check("distance between two segments", std::abs((onA - onB).norm() - distance),
+                 distance);
 }
 
 bool drawSphere(Panel panel) {
@@ -144,7 +143,7 @@ bool drawSphere(Panel panel) {
     const double out = std::abs(points[0].norm() - radius),
                  in = std::abs(points[1].norm() - radius);
     const double error = count == 2 ? std::max(out, in) : radius;
-    return check("points where a line crosses a sphere, against its radius", error, radius);
+    return check("distance of crossing points from the centre of a sphere", error, radius);
 }
 
 void drawPoints(const Panel& panel) {

@@ -1,15 +1,15 @@
 // SPDX-FileCopyrightText: 2026 The KyMath authors
 // SPDX-License-Identifier: Apache-2.0
 
-// The library in one program with Eigen, GLM, Imath and Bullet: how they work on our memory without
-// a copy, what has to be copied, and in which order.
+// The library in one program with Eigen, GLM, Imath and Bullet: what they can use in place, what
+// has to be copied, and in which order.
 //
 //   1. matrices and rigid transforms: sixteen values, column by column, which Eigen, GLM and Imath
-//      take as they stand; Bullet has rows of its own and copies;
-//   2. arrays of vectors: three values each, without gaps; and vectors of theirs as ours;
-//   3. quaternions: w stands first with us and Imath, last in the memory of the others.
+//      use in place; Bullet stores padded rows and copies;
+//   2. arrays of vectors: three values each, without gaps; and their vectors viewed as ours;
+//   3. quaternions: w comes first here and in Imath, last in the memory of the others.
 //
-// It prints a line for each. The exit status is 1 if anything disagrees.
+// Prints a line for each. The exit status is 1 if any result differs, and 2 if there are arguments.
 
 #define BT_USE_DOUBLE_PRECISION  // otherwise btScalar is float; one of the two in a whole program
 
@@ -42,8 +42,8 @@ void report(const char* ours, const char* theirs, const char* memory, bool agree
     failed = failed || !agree;
 }
 
-// What a result may be off by: it takes less than 32 sums and products of values up to 16, each
-// rounded by at most half a unit in the last place.
+// Allowed error of a result: fewer than 32 sums and products of values up to 16, each rounded by at
+// most half a unit in the last place.
 template <class T>
 constexpr T kRounding = 32 * 16 * std::numeric_limits<T>::epsilon() / 2;
 
@@ -52,10 +52,10 @@ bool near(const Vector3T<T>& a, const Vector3T<T>& b) {
     return Vector3T<T>::distance(a, b) <= kRounding<T>;
 }
 
-// The same bytes as another class, for libraries that have no view of their own. Both classes must
-// hold the same values and nothing else. C++ promises nothing for such a view. It works since our
-// members are functions of the shared library: the compiler cannot see what a call of them reads
-// and writes. With KyMath::Static and -flto it can: add -fno-strict-aliasing then, or copy.
+// Views the same bytes as another class, for libraries without views of their own. Both classes
+// must hold the same values and nothing else. C++ does not guarantee that such a view works. It
+// does because our members are functions of the shared library: the compiler cannot see what they
+// read and write. With KyMath::Static and -flto it can: add -fno-strict-aliasing, or copy.
 template <class To, class From>
 To& viewAs(From& from) {
     static_assert(std::is_standard_layout<To>::value && std::is_standard_layout<From>::value,
@@ -74,18 +74,18 @@ Vector3d transform(const KyTransform& t, const Vector3d& p) {
     return t.transformPoint(p);
 }
 
-// m is a matrix of T, or a rigid transform, which has the memory of one.
+// M is a matrix of T, or a rigid transform, which has the same layout.
 template <class T, class M>
 void viewMatrix(const char* name, M m) {
-    // Eigen stores columns, and views what a pointer leads to.
+    // Eigen stores columns, and can view memory through a pointer.
     Eigen::Map<Eigen::Matrix<T, 4, 4>> inEigen(m);
-    // GLM stores columns, and has no view.
+    // GLM stores columns, and has no views.
     auto& inGlm = viewAs<glm::mat<4, 4, T>>(m);
-    // Imath stores rows, and multiplies row vectors from the left: for the same map, its matrix is
-    // the transpose of ours. Transposed twice, the sixteen values are in the same order.
+    // Imath stores rows and multiplies row vectors from the left, so its matrix for the same map is
+    // the transpose of ours. Both differences together leave the sixteen values in the same order.
     auto& inImath = viewAs<Imath::Matrix44<T>>(m);
 
-    // A point, 1 and 2 and 3 further on by writing through each view, arrives there by all.
+    // Moves the translation by 1, 2 and 3, writing through each view; all must then agree.
     const Vector3T<T> p(3, -2, 1), shifted = transform(m, p) + Vector3T<T>(1, 2, 3);
     inEigen(0, 3) += 1;  // row, column, like m(0, 3)
     inGlm[3][1] += 2;    // column, row, like m[3][1]
@@ -98,7 +98,7 @@ void viewMatrix(const char* name, M m) {
     report(name, "glm::mat4 &", "shared", seen && near<T>(shifted, glm::value_ptr(byGlm)));
     report(name, "Imath::M44 &", "shared", seen && near<T>(shifted, &byImath.x));
 
-    bool same = true;  // element (r, c), wherever it is looked at
+    bool same = true;  // element (r, c) has one address
     for (int i = 0; i < 16; ++i) {
         const int r = i % 4, c = i / 4;
         const T* const ours = &m[c][r];
@@ -106,14 +106,14 @@ void viewMatrix(const char* name, M m) {
     }
     report(name, "all addresses", "shared", same);
 
-    // There and back by copies.
+    // Copied there and back.
     const glm::mat<4, 4, T> copy = glm::make_mat4<T>(m);
     const Matrix44T<T> back(glm::value_ptr(copy));
     report(name, "glm::make_mat4", "copied", m == M(back));
 }
 
-// A btTransform holds three rows, each padded to four values, and the translation after them: there
-// is nothing to view. But it reads and writes sixteen values by column.
+// A btTransform holds three rows, each padded to four values, and then the translation, so it
+// cannot view our memory. It does read and write sixteen values by column.
 template <class M>
 void copyToBullet(const char* name, const M& m) {
     static_assert(std::is_same<btScalar, double>::value, "without the macro, m has to be float");
@@ -127,7 +127,7 @@ void copyToBullet(const char* name, const M& m) {
                near<double>(transform(m, Vector3d(3, -2, 1)), byBullet.m_floats));
 }
 
-// All apply the right operand first, but Imath the left one, since it multiplies row vectors.
+// All apply the right operand first, except Imath, which multiplies row vectors.
 void multiply(Matrix44d a, Matrix44d b) {
     const Vector3d p(3, -2, 1), bFirst = transform(Matrix44d::multiply(a, b), p);
     const Eigen::Matrix4d byEigen = Eigen::Map<Eigen::Matrix4d>(a) * Eigen::Map<Eigen::Matrix4d>(b);
@@ -146,7 +146,7 @@ void viewVectors(const char* name) {
     std::vector<Vector3T<T>> points(5, Vector3T<T>(1, 2, 3));
     static_assert(sizeof(points[0]) == 3 * sizeof(T), "no gaps between vectors");
 
-    // As a matrix with a column for each vector.
+    // Viewed as a matrix with a column for each vector.
     Eigen::Map<Eigen::Matrix<T, 3, Eigen::Dynamic>> inEigen(points[0], 3, 5);
     inEigen.colwise() += Eigen::Matrix<T, 3, 1>(0, 0, 9);
     report(name, "Eigen::Map<Matrix3X>", "shared",
@@ -163,8 +163,8 @@ void viewVectors(const char* name) {
            &points[4][2] == &inImath[4].z && points[4] == Vector3T<T>(-2, -4, -24));
 }
 
-// cast() views any three values as a vector, also those that Bullet pads to four. Because of the
-// fourth, an array of btVector3 is not one of Vector3d.
+// cast() views any three values as a vector, including those that Bullet pads to four. Because of
+// the padding, an array of btVector3 cannot be viewed as an array of Vector3d.
 void viewTheirs() {
     Eigen::Matrix3Xd columns = Eigen::Matrix3Xd::Ones(3, 2);
     Vector3d::cast(columns.col(1).data())->set(1, 2, 3);
@@ -186,8 +186,8 @@ void viewTheirs() {
 
 // 3. Quaternions ----------------------------------------------------------------------------------
 
-// All but Bullet's are constructed from w, x, y, z; but in memory, x comes first for all but Imath.
-// Quaterniond(eigen.coeffs().data()) compiles, and takes x for w. Hence by component:
+// The constructors take w, x, y, z, except Bullet's; but in memory x comes first, except in Imath.
+// Quaterniond(eigen.coeffs().data()) compiles and takes x for w. Therefore convert by component:
 Eigen::Quaterniond toEigen(const Quaterniond& q) {
     return {q.w(), q.x(), q.y(), q.z()};
 }
@@ -207,7 +207,7 @@ Quaterniond fromBullet(const btQuaternion& q) {
     return {q.w(), q.x(), q.y(), q.z()};
 }
 
-// p * q applies q first, by each library.
+// In each library p * q applies q first.
 void convertQuaternions() {
     Quaterniond p(Vector3d(1, 2, -2), 0.7), q(Vector3d(-3, 1, 5), 2.1);
     const Vector3d v(3, -2, 1), turned = p * q * v;

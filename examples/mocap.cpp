@@ -1,19 +1,19 @@
 // SPDX-FileCopyrightText: 2026 The KyMath authors
 // SPDX-License-Identifier: Apache-2.0
 
-// Plays a motion capture, proves that nothing gets lost on the way, and draws it:
+// Plays a motion capture, checks its arithmetic, and draws it:
 //
-//   1. a pose: from the angles of a frame to a transform for each joint relative to its parent, and
-//      from these down the skeleton to the world;
+//   1. a pose: the angles of a frame become a transform for each joint relative to its parent, and
+//      these are compounded down the skeleton to world transforms;
 //   2. playback at another rate, interpolated between the captured frames;
-//   3. the proof: bones keep their lengths, transforms stay rigid, and angles change to each of the
-//      24 orders without turning anything;
-//   4. optionally, where another reader of such files finds every joint;
-//   5. the picture from the side: figures from light to dark, and the smoothed paths of the hands,
-//      the feet and the head.
+//   3. the checks: bones keep their lengths, transforms stay rigid, and angles converted to each of
+//      the 24 orders give the same rotation;
+//   4. optionally, a comparison with the joint positions of another reader;
+//   5. the picture from the side: figures from light to dark, and smoothed paths of hands, feet and
+//      head.
 //
 // y is up; lengths are in the unit of the capture. The exit status is 1 if a check of 3 or 4 fails,
-// and 2, after one line that says why, if the program cannot do what it is asked.
+// and 2 after a one-line message for any other error.
 
 #include "Bvh.h"
 #include "OtherReader.h"
@@ -34,7 +34,7 @@ namespace {
 
 // 1. A pose ------------------------------------------------------------------------------------
 
-using Pose = std::vector<KyTransform>;  // of each joint, in the order of the file
+using Pose = std::vector<KyTransform>;  // one for each joint, in the order of the file
 
 Pose capturedPose(const Bvh& motion, std::size_t frame) {
     Pose pose;
@@ -44,9 +44,9 @@ Pose capturedPose(const Bvh& motion, std::size_t frame) {
     return pose;
 }
 
-// Parents come before their children, so they are in the world when the children need them.
+// Parents come before their children, so their world transforms are ready.
 Pose toWorld(const Bvh& motion, const Pose& local) {
-    Pose world = local;  // as the root is
+    Pose world = local;  // right for the root
     for (std::size_t i = 1; i < local.size(); ++i) {
         world[i].compound(local[i], world[motion.joints[i].parent]);
     }
@@ -55,8 +55,8 @@ Pose toWorld(const Bvh& motion, const Pose& local) {
 
 // 2. Playback ----------------------------------------------------------------------------------
 
-// Joints are interpolated relative to their parents: bones then turn and keep their lengths. In the
-// world their ends would move on straight lines, and the bones would shrink on the way.
+// Joints are interpolated relative to their parents, so bones rotate and keep their lengths. If
+// world positions were interpolated, joints would move on straight lines and bones would shrink.
 std::vector<Pose> play(const Bvh& motion, double rate) {
     const double step = 1 / (rate * motion.frameTime), last = double(motion.frames - 1);
     const double count = std::floor(last / step + 1e-9) + 1;
@@ -76,11 +76,11 @@ std::vector<Pose> play(const Bvh& motion, double rate) {
     return played;
 }
 
-// 3. The proof ---------------------------------------------------------------------------------
+// 3. The checks --------------------------------------------------------------------------------
 
 const double kEpsilon = std::numeric_limits<double>::epsilon();
 
-// Raises worst to value; NaN is worst of all.
+// Raises worst to value. NaN counts as infinite.
 void raise(double& worst, double value) {
     if (!(value <= worst)) worst = std::isnan(value) ? HUGE_VAL : value;
 }
@@ -96,16 +96,16 @@ bool report(const char* what, double worst, double allowed) {
     return worst <= allowed;
 }
 
-// The sine of the angle between the first and the third axis: the smaller it is, the less each of
-// the two angles means by itself and the more rounding may move it. Below 2^-19 the third angle is
-// given up as 0; for that, the result here allows for 2^-16.
+// The sine of the angle between the first and the third axis. The smaller it is, the more rounding
+// may move each of the two angles by itself. Below 2^-19 the third angle is set to 0; the result
+// for that range allows for errors of up to 2^-16.
 double distanceToPole(const KyEulerAngles& angles) {
     const bool sameAxis = angles.order() & 2;
     const double sine = std::abs(sameAxis ? std::sin(angles[1]) : std::cos(angles[1]));
     return sine > std::ldexp(1, -18) ? sine : kEpsilon * std::ldexp(1, 20);
 }
 
-struct Proof {
+struct Checks {
     const Bvh& motion;
     BoundingBoxd bounds = {};  // of all joints in all poses
     double bones = 0, rigid = 0, angles = 0;
@@ -122,12 +122,12 @@ struct Proof {
             KyTransform square;  // R^T R, for a rotation the identity
             square.compoundFirstThenInverseSecond(world[i], world[i]);
             raise(rigid, difference(square, KyTransform::kIdentity));
-            if (!world[i].isValid()) raise(rigid, HUGE_VAL);  // it has the determinant, too
+            if (!world[i].isValid()) raise(rigid, HUGE_VAL);  // which also checks the determinant
         }
     }
 
-    // To each order, from the angles and from their matrix. Triples of angles are compared by what
-    // they do: many of them stand for the same rotation.
+    // Converts to each order, from the angles and from their matrix. Compares rotations, not
+    // angles: many triples of angles give the same rotation.
     void addAngles(const KyEulerAngles& given) {
         const KyTransform rotation(Vector3d::kZero, given);
         for (int i = 0; i < 24; ++i) {
@@ -143,29 +143,30 @@ struct Proof {
         }
     }
 
-    // A unit in the last place of the largest coordinates, by which rounding moves a joint.
+    // How far rounding moves a joint: a unit in the last place of the largest coordinates.
     double rounding() const {
         return kEpsilon * (bounds.getMin().norm() + bounds.getMax().norm());
     }
 
-    bool holds() const {
+    bool hold() const {
         double shortest = HUGE_VAL;
         for (const Bvh::Joint& joint : motion.joints) {
             if (joint.hasFixedLength()) shortest = std::min(shortest, joint.rest.norm());
         }
-        const double chain = 8 * kEpsilon * double(motion.joints.size());  // each joint adds to it
+        const double chain =
+            8 * kEpsilon * double(motion.joints.size());  // errors add up joint by joint
         const double ends = 16 * rounding() / shortest;
         const bool bonesHold = report("bones: relative change of length", bones, chain + ends);
-        const bool rigidHolds = report("transforms: off a rotation by", rigid, chain);
-        const bool anglesHold = report("angles: in 24 orders off by", angles, 16 * kEpsilon);
+        const bool rigidHolds = report("transforms: deviation from a rotation", rigid, chain);
+        const bool anglesHold = report("angles: error in 24 orders", angles, 16 * kEpsilon);
         return bonesHold && rigidHolds && anglesHold;
     }
 };
 
 // 4. Another reader ----------------------------------------------------------------------------
 
-// Its arithmetic is float, in which each joint down the skeleton adds to the rounding.
-bool readersAgree(const Bvh& motion, const OtherReader& other, const Proof& proof) {
+// It computes in float; rounding errors add up down the skeleton.
+bool readersAgree(const Bvh& motion, const OtherReader& other, const Checks& checks) {
     double worst = 0;
     for (std::size_t frame = 0; frame < motion.frames; ++frame) {
         const Pose world = toWorld(motion, capturedPose(motion, frame));
@@ -175,8 +176,8 @@ bool readersAgree(const Bvh& motion, const OtherReader& other, const Proof& proo
         }
     }
     const double toFloat = double(std::numeric_limits<float>::epsilon()) / kEpsilon;
-    const double allowed = double(16 + motion.joints.size()) * toFloat * proof.rounding();
-    return report("other reader: apart by", worst, allowed);
+    const double allowed = double(16 + motion.joints.size()) * toFloat * checks.rounding();
+    return report("other reader: largest distance", worst, allowed);
 }
 
 // 5. The picture -------------------------------------------------------------------------------
@@ -189,7 +190,7 @@ const struct {
               {"left foot", "#35a36b", "leftfoot", "leftankle"},
               {"right foot", "#1f7fb5", "rightfoot", "rightankle"}};
 
-// The first joint with one of the names of limb number i in its own; 0 if there is none.
+// The first joint whose name contains one of the names of limb i; 0 if there is none.
 std::size_t findLimb(const Bvh& motion, int i) {
     for (std::size_t joint = 0; joint < motion.joints.size(); ++joint) {
         std::string name = motion.joints[joint].name;
@@ -201,7 +202,7 @@ std::size_t findLimb(const Bvh& motion, int i) {
     return 0;
 }
 
-// Light at first, dark in the end.
+// From light at the start to dark at the end.
 std::string figureColour(double t) {
     const Vector3d c = Vector3d(214, 220, 230) * (1 - t) + Vector3d(24, 34, 62) * t;
     char text[32];
@@ -209,7 +210,7 @@ std::string figureColour(double t) {
     return text;
 }
 
-// A figure whose head is a disc, white around its lines to set it apart from those behind.
+// Draws a figure with a disc as its head, and a white halo to set it off from those behind.
 void drawFigure(Svg& svg, const Bvh& motion, const Svg::Points& joints, const std::string& colour) {
     const std::size_t head = findLimb(motion, 0);
     for (const bool halo : {true, false}) {
@@ -238,8 +239,8 @@ void drawPathsAndLegend(Svg& svg, const Bvh& motion, const std::vector<Svg::Poin
         if (joint == 0) continue;
         Svg::Points path, curve;
         for (const Svg::Points& pose : poses) path.push_back(pose[joint]);
-        // With a whole number of samples for each of its segments, which are one more than the
-        // points, and one sample for the end, the curve is even and runs into its last point.
+        // The curve has one segment more than points. With a whole number of samples for each, and
+        // one for the end, it is even and reaches the last point.
         const unsigned segments = unsigned(path.size()) + 1;
         CreateBSpline(path, segments * (1 + 2000 / segments) + 1, curve);
         svg.line(curve, kLimbs[i].colour, 2.2, 0.85);
@@ -251,7 +252,7 @@ void drawPathsAndLegend(Svg& svg, const Bvh& motion, const std::vector<Svg::Poin
 
 void draw(const Bvh& motion, const std::vector<Pose>& played, const BoundingBoxd& bounds,
           const std::string& output) {
-    BoundingBoxd way;  // of the root, which goes further in x or in z: that is across
+    BoundingBoxd way;  // of the root; its longer side, x or z, becomes the picture's width
     for (const Pose& pose : played) way.expandBy(pose[0](0, 3), pose[0](1, 3), pose[0](2, 3));
     const int across = way.getBBSize().z() > way.getBBSize().x() ? 2 : 0;
     const Vector3d size = bounds.getBBSize(), centre = bounds.center();
@@ -268,7 +269,7 @@ void draw(const Bvh& motion, const std::vector<Pose>& played, const BoundingBoxd
 
     Svg svg(998, ground + 30);
     svg.line({{20, ground, 0}, {978, ground, 0}}, "#9aa1b0", 1.5);
-    // A figure whenever the root has left its place in the last one by a 30th of its whole way.
+    // A figure whenever the root has moved by a 30th of the length of its path.
     double length = 0;
     for (std::size_t i = 1; i < poses.size(); ++i) {
         length += Vector3d::distance(poses[i - 1][0], poses[i][0]);
@@ -291,7 +292,7 @@ int run(CLI::App& app, int argc, char** argv) {
     app.add_option("motion", file, "the motion capture, a BVH file");
     app.add_option("--output", output, "the picture, an SVG");
     app.add_option("--rate", rate, "frames per second to play")->check(within(0.1, 1e4));
-    app.add_flag("--check", check, "compare all joints with another reader's");
+    app.add_flag("--check", check, "compare all joints with those of another reader");
     app.parse(argc, argv);
     requireWritable(output, ".svg", file);
 
@@ -312,14 +313,14 @@ int run(CLI::App& app, int argc, char** argv) {
     }
     std::printf("  played at %g Hz: %s\n", rate, counted(played.size(), "frame").c_str());
 
-    Proof proof = {motion};
-    for (const Pose& pose : played) proof.addPose(pose);
+    Checks checks = {motion};
+    for (const Pose& pose : played) checks.addPose(pose);
     for (std::size_t i = 0; i < motion.frames; ++i) {
-        proof.addPose(toWorld(motion, capturedPose(motion, i)));
-        for (const Bvh::Joint& joint : motion.joints) proof.addAngles(motion.angles(i, joint));
+        checks.addPose(toWorld(motion, capturedPose(motion, i)));
+        for (const Bvh::Joint& joint : motion.joints) checks.addAngles(motion.angles(i, joint));
     }
-    if (!proof.holds() || (check && !readersAgree(motion, *other, proof))) return 1;
-    draw(motion, played, proof.bounds, output);
+    if (!checks.hold() || (check && !readersAgree(motion, *other, checks))) return 1;
+    draw(motion, played, checks.bounds, output);
     std::printf("wrote %s\n", output.c_str());
     return 0;
 }

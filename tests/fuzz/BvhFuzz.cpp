@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The KyMath authors
 // SPDX-License-Identifier: Apache-2.0
 
-// Any bytes as a motion capture: what is not refused is safe to walk down in every frame.
+// Reads any bytes as a motion capture. If they are accepted, every frame is safe to evaluate.
 #include "Bvh.h"
 #include "Input.h"
 
@@ -18,7 +18,7 @@ void checkJoints(const Bvh& motion) {
         require(i == 0 ? joint.parent == 0 : joint.parent < i);
         for (int axis = 0; axis < 3; ++axis) require(std::abs(joint.rest[axis]) <= 1e7);
         std::vector<std::size_t> used(joint.angle, std::find(joint.angle, joint.angle + 3, 0u));
-        require(std::is_sorted(used.begin(), used.end()));  // in the sequence of their channels
+        require(std::is_sorted(used.begin(), used.end()));  // in the order of their channels
         used.insert(used.end(), joint.position, joint.position + 3);
         std::sort(used.begin(), used.end());
         require(used.back() == 0 || !joint.name.empty());
@@ -51,7 +51,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const auto motion = readBytes<Bvh>(bytes);
     if (!motion) return 0;
     checkJoints(*motion), walk(*motion);
-    std::string other;  // the same text with other line ends, and none at its end
+    std::string other;  // the same text with other line ends and none at its end
     for (const char c : bytes) other += c == '\n' ? "\r\n\n" : std::string(1, c);
     other.resize(other.find_last_not_of('\n') + 1);
     const auto same = readBytes<Bvh>(other);

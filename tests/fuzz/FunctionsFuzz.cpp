@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The KyMath authors
 // SPDX-License-Identifier: Apache-2.0
 
-// Any function of one layer of the library, with any arguments: no undefined behaviour, and the
-// same result when called again.
+// Calls any function of one layer of the library with any arguments: no undefined behaviour, and a
+// second call gives the same result.
 #include "Input.h"
 
 #include "../functions/Table.h"

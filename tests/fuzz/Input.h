@@ -12,11 +12,11 @@
 #include <string>
 
 inline void require(bool holds) {
-    if (!holds) std::abort();  // with a stack trace that leads to the line
+    if (!holds) std::abort();  // leaves a stack trace with the line
 }
 
-/// What the reader makes of a file that holds the bytes; nothing if it refuses them, which it may
-/// do by one exception only: a std::runtime_error of one line that begins with the file's name.
+/// Reads a file with these bytes. Returns nothing if the reader refuses them, which it must do with a
+/// std::runtime_error of one line that begins with the file's name.
 template <class Reader, class... Arguments>
 std::optional<Reader> readBytes(const std::string& bytes, Arguments... arguments) {
     static const int memory = memfd_create("input", 0);

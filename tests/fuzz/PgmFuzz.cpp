@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The KyMath authors
 // SPDX-License-Identifier: Apache-2.0
 
-// Any bytes as a height field: what is not refused has the heights that the bytes say, and no
-// height that is asked for is beyond them.
+// Reads any bytes as a height field. If they are accepted, the heights are those in the bytes, and
+// interpolated heights lie between them.
 #include "HeightField.h"
 #include "Input.h"
 
@@ -26,7 +26,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         raster += static_cast<char>(static_cast<unsigned>(height) / 256);
         raster += static_cast<char>(static_cast<unsigned>(height) % 256);
     }
-    std::size_t at = bytes.find(raster, 1);  // behind a header that white space ends
+    std::size_t at = bytes.find(raster, 1);  // after a header that ends in white space
     while (at != bytes.npos && !std::isspace(data[at - 1])) at = bytes.find(raster, at + 1);
     require(at != bytes.npos);
 
