@@ -4,9 +4,11 @@
 #define KYMATH_INTERNAL_ARITHMETIC_H
 
 // Every result is part of the interface, to the last bit. Flags that let the compiler round
-// differently would change results without a word: they stop the build instead.
-#if defined(__FAST_MATH__) || (defined(__FINITE_MATH_ONLY__) && __FINITE_MATH_ONLY__)
-#error "KyMath must be compiled without -ffast-math and -ffinite-math-only"
+// differently would change results without a word: they stop the build instead. (GCC's own macro is 0
+// with any of them. The project's build appends -fno-fast-math, which undoes most.)
+#if defined(__FAST_MATH__) || (defined(__FINITE_MATH_ONLY__) && __FINITE_MATH_ONLY__) || \
+    (defined(__GCC_IEC_559) && __GCC_IEC_559 == 0)
+#error "KyMath must be compiled without flags like -ffast-math: append -fno-fast-math"
 #endif
 #if defined(__FLT_EVAL_METHOD__) && __FLT_EVAL_METHOD__ != 0
 #error "KyMath needs float and double evaluated in their own precision (x86-64 with SSE2)"

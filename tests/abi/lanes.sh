@@ -2,13 +2,29 @@
 # SPDX-FileCopyrightText: 2026 The KyMath authors
 # SPDX-License-Identifier: Apache-2.0
 #
-# lanes.sh ARCHIVE: of functions, the source that is compiled for AVX2 defines its own set of kernels
-# and nothing else. Where other sources define a function too, the linker could take that of this one,
-# which crashes on a processor without AVX2, and passes every other test on one that has it.
+# lanes.sh ARCHIVE LIBRARY, compiled for every x86-64: of functions, the source that is compiled for AVX2
+# defines its own set of kernels and nothing else. Where other sources define a function too, the linker
+# could take that of this one, which crashes on a processor without AVX2, and passes every other test on
+# one that has it. That source holds no instruction beyond AVX2, every other none beyond SSE, and the
+# library nothing that changes the mode of the processor, as -ffast-math links.
 set -euo pipefail
 defined=$(nm -AC --defined-only --extern-only "$1" | grep -E 'Avx2\.cpp\.o:[0-9a-f]+ [TW] ' || true)
 [[ $defined == *multiply* ]] || { echo "cannot read $1"; exit 1; }
 if grep -vF 'Kernels<(KyMath::internal::Isa)1>::' <<<"$defined"; then
     echo "compiled for AVX2, and not of its set"
+    exit 1
+fi
+
+# "rep bsf" reads as tzcnt, and is for every processor.
+beyond='andn|bextr|bls(i|r|msk)|bzhi|mulx|pdep|pext|rorx|s[ahr][lr]x|lzcnt|ldmxcsr'
+found=$({ objdump -d --no-show-raw-insn "$1"; echo 'Avx2.cpp.o:'; objdump -d --no-show-raw-insn "$2"; } |
+    awk -F '\t' -v beyond="^($beyond|vfn?m(add|sub).*) " '
+        /\.o:/ { avx2 = /Avx2\.cpp/; source = $1 }
+        $2 ~ beyond || /%zmm|%k[0-7]|{1to|%[xy]mm(1[6-9]|[23][0-9])/ || (!avx2 && $2 ~ /^v|^popcnt/) {
+            print source, $2
+        }')
+if [[ $found ]]; then
+    head -n 9 <<<"$found"
+    echo "$(wc -l <<<"$found") instructions that not every processor has"
     exit 1
 fi

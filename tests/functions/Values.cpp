@@ -57,6 +57,9 @@ std::uint64_t Inputs::bits(int count) {
 unsigned Inputs::below(unsigned limit) {
     return unsigned(bits(8)) % limit;
 }
+unsigned Inputs::pick(unsigned limit, unsigned ordinary) {
+    return ordinary_ ? ordinary : below(limit);
+}
 void Inputs::draw(bool& value) {
     value = below(2) == 1;
 }
@@ -89,6 +92,7 @@ T Inputs::scalar() {
     constexpr T kMost = L::max(), kInf = L::infinity(), kNaN = L::quiet_NaN();
     static const T kSpecial[] = {
         0, -T(0), 1, -1, kMost, -kMost, kInf, -kInf, kNaN, L::denorm_min(), L::min(), L::epsilon()};
+    if (ordinary_) return std::fabs(plain<T>());  // for a tolerance, a length, a scale
     switch (below(16)) {
         case 0:
             return kSpecial[below(12)];
@@ -148,7 +152,7 @@ void Inputs::components(T* out, int n) {
     for (const auto& v : earlierV_) {
         if (int(v.size()) == n && (other == nullptr || below(2) == 0)) other = &v;
     }
-    const unsigned kind = below(16);
+    const unsigned kind = pick(16, 0);
     if (kind < 7) {
         for (int i = 0; i < n; ++i) out[i] = plain<T>();
     } else if (kind < 9) {  // tiny or huge as a whole
@@ -179,7 +183,7 @@ void Inputs::components(T* out, int n) {
 
 template <class T>
 void Inputs::matrix(T* m) {
-    const unsigned kind = below(16);
+    const unsigned kind = pick(16, 7);
     for (int i = 0; i < 16; ++i) m[i] = T(i % 5 == 0);
     if (kind < 3) {  // general
         for (int i = 0; i < 16; ++i) m[i] = plain<T>();
@@ -222,7 +226,7 @@ void Inputs::draw(Vector6& v) {
 
 template <class T>
 void Inputs::draw(QuaternionT<T>& quaternion) {
-    if (below(2) == 0) return components<T>(quaternion, 4);
+    if (pick(2, 1) == 0) return components<T>(quaternion, 4);
     // The square of a quaternion of integers, over its norm: of unit length but for rounding.
     T rows[3][3];
     int q[4];
@@ -234,7 +238,7 @@ void Inputs::draw(QuaternionT<T>& quaternion) {
 
 template <class T>
 void Inputs::draw(BoundingBoxT<T>& box) {
-    const unsigned kind = below(8);
+    const unsigned kind = pick(8, 2);
     if (kind == 0) return box.init();
     draw(box.getMin());
     draw(box.getMax());
@@ -246,7 +250,7 @@ void Inputs::draw(BoundingBoxT<T>& box) {
 void Inputs::draw(BoundingSphere& sphere) {
     draw(sphere.center());
     draw(sphere.radius());
-    if (below(8) > 0) sphere.radius() = std::fabs(sphere.radius());
+    if (pick(8, 1) > 0) sphere.radius() = std::fabs(sphere.radius());
 }
 template <class T>
 void Inputs::draw(PlaneT<T>& plane) {
@@ -255,7 +259,7 @@ void Inputs::draw(PlaneT<T>& plane) {
     plane.set(v);
 }
 void Inputs::draw(std::vector<Planed>& planes) {
-    const unsigned kind = below(16);
+    const unsigned kind = pick(16, 1);
     planes.resize(kind == 0 ? 30 + below(5) : below(8));
     for (Planed& plane : planes) draw(plane);
 }

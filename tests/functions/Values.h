@@ -26,7 +26,9 @@ namespace test {
 /// values wherever these sources are compiled without contraction or fast-math.
 class Inputs {
 public:
-    explicit Inputs(std::uint64_t seed) : state_(seed) {}
+    /// With ordinary: finite values of everyday size alone, in the domain of the functions.
+    explicit Inputs(std::uint64_t seed, bool ordinary = false)
+        : state_(seed), ordinary_(ordinary) {}
     Inputs(const std::uint8_t* data, std::size_t size) : data_(data), left_(size) {}
 
     /// Forgets the earlier values: what follows is for another call.
@@ -83,6 +85,7 @@ public:
 
 private:
     std::uint64_t bits(int count);
+    unsigned pick(unsigned limit, unsigned ordinary);  ///< Of a value: below limit.
     template <class T>
     T scalar();
     template <class T>
@@ -93,6 +96,7 @@ private:
     void rotation(T (&rows)[3][3], int (&quaternion)[4]);
 
     std::uint64_t state_ = 0;
+    bool ordinary_ = false;
     const std::uint8_t* data_ = nullptr;
     std::size_t left_ = 0;
     std::vector<double> earlier_;                ///< scalars of this call

@@ -5,10 +5,12 @@
 // results and what it used beyond its own code: libm, memory. The first line is a digest of libm.
 //   --threads   each call that changes nothing is made by eight threads at once instead
 //   --memory    each allocation fails in turn instead
+//   --traps     ordinary arguments instead: no call raises what a program may trap
 #include "Table.h"
 #include "Uses.h"
 
 #include <unistd.h>
+#include <cfenv>
 #include <cstdio>
 #include <cstring>
 
@@ -84,6 +86,22 @@ bool checkMemory(const Function& function, int& failures) {
     return true;
 }
 
+/// Whether no call with ordinary arguments raises a floating-point exception other than inexact and
+/// underflow.
+bool checkTraps(const Function& function) {
+    static int raised;
+    raised = 0;
+    hooks = {[] { std::feclearexcept(FE_ALL_EXCEPT); },
+             [] { raised |= std::fetestexcept(FE_INVALID | FE_DIVBYZERO | FE_OVERFLOW); }};
+    Inputs in(seedOf(function), true);
+    for (int i = 0; i < 1000; ++i) {
+        in.nextCall();
+        Call call{in, function.limit, {}};
+        function.call(call);
+    }
+    return raised == 0;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -97,6 +115,10 @@ int main(int argc, char** argv) {
     if (std::strcmp(mode, "--threads") == 0) {
         for (const Function& f : functions()) require(checkThreads(f), f, "threads disagree");
         std::fprintf(out, "%zu functions by 8 threads\n", functions().size());
+        return good ? 0 : 1;
+    }
+    if (std::strcmp(mode, "--traps") == 0) {
+        for (const Function& f : functions()) require(checkTraps(f), f, "would be trapped");
         return good ? 0 : 1;
     }
     hooks = {startCounting, stopCounting};

@@ -5,12 +5,13 @@
 # results.sh PROGRAM: all functions give the results of results.txt, to the last bit, and use no more
 # than it says. Functions that use libm depend on that: they are left out, with a word, where libm
 # itself differs from the one of results.txt (another version, or a CPU without FMA).
+# EMULATOR in the environment is a command that runs the program.
 # After a deliberate change: results.sh PROGRAM --update, and a line in CHANGELOG.md.
 set -euo pipefail
 expected=$(dirname "$0")/results.txt
 actual=$(mktemp)
 trap 'rm -f "$actual"' EXIT
-"$1" >"$actual" 2>/dev/null
+${EMULATOR:-} "$1" >"$actual" 2>/dev/null || { echo "status $?"; exit 1; }
 
 if [[ ${2:-} == --update ]]; then
     cp "$actual" "$expected"
