@@ -94,8 +94,6 @@ public:
     /// @}
 
 private:
-    friend class Frustum;  // sets six planes at once
-
     Vector4T<T> v_;  // a, b, c, d
     unsigned int upper_;
     unsigned int lower_;

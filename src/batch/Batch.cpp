@@ -8,9 +8,8 @@
 #include <KyMath/Plane.h>
 #include <KyMath/Polytope.h>
 
+#include "bounds/Mask.h"
 #include "lanes/Kernels.h"
-
-#include <algorithm>
 
 namespace KyMath {
 namespace Batch {
@@ -55,18 +54,18 @@ void transformBoxes(const Matrix44T<T>& m, const BoundingBoxT<T>* in, BoundingBo
 
 template <class T>
 void multiply(const Matrix44T<T>* a, const Matrix44T<T>* b, Matrix44T<T>* out, std::size_t count) {
-    KY_KERNEL(multiplyAll<T>(valuesOf<T>(a, sizeof *a), valuesOf<T>(b, sizeof *b),
-                             valuesOf<T>(out, sizeof *out), count));
+    KY_KERNEL(matrixProducts<T>(valuesOf<T>(a, sizeof *a), valuesOf<T>(b, sizeof *b),
+                                valuesOf<T>(out, sizeof *out), count));
 }
 template <class T>
 void multiply(const Matrix44T<T>& a, const Matrix44T<T>* b, Matrix44T<T>* out, std::size_t count) {
-    KY_KERNEL(multiplyAll<T>(valuesOf<T>(&a, 0), valuesOf<T>(b, sizeof *b),
-                             valuesOf<T>(out, sizeof *out), count));
+    KY_KERNEL(matrixProducts<T>(valuesOf<T>(&a, 0), valuesOf<T>(b, sizeof *b),
+                                valuesOf<T>(out, sizeof *out), count));
 }
 void compound(const Ky::KyTransform* a, const Ky::KyTransform* b, Ky::KyTransform* out,
               std::size_t count) {
-    KY_KERNEL(compoundAll(valuesOf<double>(a, sizeof *a), valuesOf<double>(b, sizeof *b),
-                          valuesOf<double>(out, sizeof *out), count));
+    KY_KERNEL(compounds(valuesOf<double>(a, sizeof *a), valuesOf<double>(b, sizeof *b),
+                        valuesOf<double>(out, sizeof *out), count));
 }
 
 template <class T>
@@ -76,12 +75,11 @@ void classify(const PlaneT<T>& plane, const BoundingBoxT<T>* boxes, signed char*
 }
 void cull(const Polytope& region, const BoundingBoxT<double>* boxes, unsigned char* visible,
           std::size_t count, std::size_t stride) {
-    constexpr std::size_t kMaskBits = 32;
     const unsigned int mask = region.getMaskStack().back();
     const std::vector<PlaneT<double>>& planes = region.getPlanes();
-    internal::CullPlane<double> tested[kMaskBits];
+    internal::CullPlane<double> tested[internal::kMaskBits];
     std::size_t n = 0;
-    for (std::size_t i = 0; i < std::min(planes.size(), kMaskBits); ++i) {
+    for (std::size_t i = 0; i < internal::maskedPlanes(planes); ++i) {
         if (mask >> i & 1) tested[n++] = sideOf(planes[i]);
     }
     KY_KERNEL(cull(tested, n, valuesOf<double>(boxes, stride), visible, count));

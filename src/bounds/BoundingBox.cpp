@@ -5,12 +5,12 @@
 #include <KyMath/BoundingSphere.h>
 #include <KyMath/Matrix.h>
 
+#include "internal/Components.h"
 #include "lanes/Kernels.h"
 
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <type_traits>
 
 namespace KyMath {
 
@@ -232,12 +232,9 @@ void BoundingBoxT<T>::inverseTransform(const Matrix44T<T>& m) {
     transform(m.inverse_orthogonal());
 }
 
-template <class T>
-constexpr bool kIsTwoCorners =
-    sizeof(BoundingBoxT<T>) == 6 * sizeof(T) &&
-    std::is_standard_layout<BoundingBoxT<T>>::value&& std::is_trivially_copyable<
-        BoundingBoxT<T>>::value;
-static_assert(kIsTwoCorners<float> && kIsTwoCorners<double>, "a box is its two corners");
+static_assert(internal::kArePlain<BoundingBoxT, 6> &&
+                  std::is_trivially_copyable_v<BoundingBoxT<double>>,
+              "a box is its two corners");
 
 template class BoundingBoxT<float>;
 template class BoundingBoxT<double>;

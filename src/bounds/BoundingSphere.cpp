@@ -4,10 +4,9 @@
 
 #include <KyMath/BoundingBox.h>
 
-#include "internal/Arithmetic.h"
+#include "internal/Components.h"
 
 #include <cmath>
-#include <type_traits>
 
 namespace KyMath {
 
@@ -116,9 +115,8 @@ void BoundingSphere::expandRadiusBy(const BoundingBoxT<double>& b) {
     for (unsigned int i = 0; i < 8; ++i) expandRadiusBy(b.corner(i));
 }
 
-static_assert(sizeof(BoundingSphere) == 4 * sizeof(double) &&
-                  std::is_standard_layout<BoundingSphere>::value &&
-                  std::is_trivially_copyable<BoundingSphere>::value,
+static_assert(internal::kIsPlain<BoundingSphere, 4 * sizeof(double)> &&
+                  std::is_trivially_copyable_v<BoundingSphere>,
               "a sphere is its centre and radius");
 
 }  // namespace KyMath

@@ -2,11 +2,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <KyMath/Lines.h>
 
-#include "internal/Arithmetic.h"
+#include "internal/Components.h"
 
 #include <cmath>
 #include <ostream>
-#include <type_traits>
 
 namespace KyMath {
 
@@ -151,9 +150,8 @@ std::ostream& operator<<(std::ostream& os, const Line3& line) {
               << " p2:" << p2.x() << " " << p2.y() << " " << p2.z();
 }
 
-static_assert(sizeof(Line3) == 6 * sizeof(double) && sizeof(Segment3) == sizeof(Line3) &&
-                  std::is_standard_layout<Segment3>::value &&
-                  std::is_trivially_copyable<Segment3>::value,
+static_assert(internal::kIsPlain<Segment3, 6 * sizeof(double)> &&
+                  std::is_trivially_copyable_v<Segment3>,
               "a line is its two points");
 
 }  // namespace KyMath

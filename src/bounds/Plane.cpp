@@ -5,11 +5,11 @@
 #include <KyMath/BoundingBox.h>
 #include <KyMath/Matrix.h>
 
-#include "internal/Arithmetic.h"
+#include "bounds/CornerDistance.h"
+#include "internal/Components.h"
 
 #include <cmath>
 #include <limits>
-#include <type_traits>
 
 namespace KyMath {
 
@@ -88,8 +88,9 @@ T PlaneT<T>::distance(const Vector3T<T>& p) const {
 }
 template <class T>
 int PlaneT<T>::intersect(const BoundingBoxT<T>& box) const {
-    if (distance(box.corner(lower_)) > 0) return 1;
-    if (0 > distance(box.corner(upper_))) return -1;
+    const T* const values = box.getMin();  // and the maximum behind it
+    if (internal::cornerDistance<T>(v_, values, lower_) > 0) return 1;
+    if (internal::cornerDistance<T>(v_, values, upper_) < 0) return -1;
     return 0;
 }
 template <class T>
@@ -127,10 +128,9 @@ void PlaneT<T>::transformProvidingInverse(const Matrix44T<T>& m) {
     transform(m);
 }
 
-template <class T>
-constexpr bool kIsPlane = sizeof(PlaneT<T>) == 4 * sizeof(T) + 2 * sizeof(unsigned int) &&
-                          std::is_standard_layout<PlaneT<T>>::value;
-static_assert(kIsPlane<float> && kIsPlane<double>, "a plane is its coefficients and two indices");
+static_assert(internal::kIsPlain<PlaneT<float>, 4 * sizeof(float) + 8> &&
+                  internal::kIsPlain<PlaneT<double>, 4 * sizeof(double) + 8>,
+              "a plane is its coefficients and two indices");
 
 template class PlaneT<float>;
 template class PlaneT<double>;

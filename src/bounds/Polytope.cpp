@@ -5,9 +5,9 @@
 #include <KyMath/BoundingBox.h>
 #include <KyMath/Matrix.h>
 
+#include "bounds/Mask.h"
 #include "internal/Arithmetic.h"
 
-#include <algorithm>
 #include <cstddef>
 
 namespace KyMath {
@@ -15,8 +15,6 @@ namespace KyMath {
 namespace {
 
 using Planes = std::vector<PlaneT<double>>;
-
-constexpr std::size_t kMaskBits = 32;
 
 // Reserves one slot; reserve(size + 1) would lose geometric growth.
 void makeRoom(std::vector<unsigned int>& stack) {
@@ -94,10 +92,10 @@ const Planes& Polytope::getPlanes() const {
 // Deliberate: every change of the planes pushes, and nothing below is removed. Only the top of the
 // stack is ever read. Pinned by PolytopeTest.
 void Polytope::setupMask() {
-    makeRoom(maskStack_);
     const std::size_t n = planes_.size();
-    currentMask_ = n < kMaskBits ? (1u << n) - 1 : ~0u;
-    pushCurrentMask();
+    const unsigned int all = n < internal::kMaskBits ? (1u << n) - 1 : ~0u;
+    maskStack_.push_back(all);
+    currentMask_ = all;
 }
 void Polytope::pushCurrentMask() {
     maskStack_.push_back(currentMask_);
@@ -116,8 +114,7 @@ bool Polytope::contains(const BoundingBoxT<double>& box) {
     const unsigned int top = maskStack_.back();
     if (top == 0) return true;
     currentMask_ = top;
-    // Deliberate: planes beyond the bits of a mask are never tested. Pinned by PolytopeTest.
-    const std::size_t count = std::min(planes_.size(), kMaskBits);
+    const std::size_t count = internal::maskedPlanes(planes_);
     for (std::size_t i = 0; i < count; ++i) {
         const unsigned int bit = 1u << i;
         if ((currentMask_ & bit) == 0) continue;

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <KyMath/Curves.h>
 
+#include "curve/SimpleCurve.h"
 #include "internal/Arithmetic.h"
 
 #include <algorithm>
@@ -76,14 +77,8 @@ std::vector<Weights> weightsOf(std::size_t samples) {
 
 bool CreateBSpline(const std::vector<Vector3d>& controls, unsigned int count,
                    std::vector<Vector3d>& out) {
+    if (const auto done = internal::simpleCurve(controls, 2, count, out)) return *done;
     const std::size_t m = controls.size();
-    if (m < 2 || count < m) return false;
-    if (count == m) {
-        out = controls;
-        return true;
-    }
-    if (m == 2) return CreateLinearInterpolation(controls[0], controls[1], count, out);
-
     const std::vector<Vector3d> p = controls;  // a copy: the controls may be out
     const Sharing sharing = share(m, count);
     const std::vector<Weights> weights[] = {weightsOf(sharing.samples),

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <KyMath/Curves.h>
 
+#include "curve/SimpleCurve.h"
 #include "lanes/Kernels.h"
 
 #include <algorithm>
@@ -36,14 +37,8 @@ bool CreateLinearInterpolation(const Vector3d& a, const Vector3d& b, unsigned in
 }
 
 bool CreateBezier(const Points& controls, unsigned int count, Points& out) {
+    if (const auto done = internal::simpleCurve(controls, 2, count, out)) return *done;
     const std::size_t m = controls.size();
-    if (m < 2 || count < m) return false;
-    if (count == m) {
-        out = controls;
-        return true;
-    }
-    if (m == 2) return CreateLinearInterpolation(controls[0], controls[1], count, out);
-
     const Points fixed = controls;  // a copy: the controls may be out
     std::vector<double> work(internal::bezierWork(m));
     allocate(out, count);
@@ -79,12 +74,8 @@ struct Segment {
 }  // namespace
 
 bool CreateCatmullRomSpline(const Points& controls, unsigned int count, Points& out) {
+    if (const auto done = internal::simpleCurve(controls, 3, count, out)) return *done;
     const std::size_t m = controls.size();
-    if (m < 3 || count < m) return false;
-    if (count == m) {
-        out = controls;
-        return true;
-    }
     const Points p = controls;  // a copy: the controls may be out
     std::vector<double> u(m);
     allocate(out, count);

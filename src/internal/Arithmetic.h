@@ -19,8 +19,4 @@
 #error "GCC before 12.3 fuses operations for a processor with FMA: needs -fno-tree-slp-vectorize"
 #endif
 
-/// Constants are built before initialisers of ordinary priority, those of a client included that
-/// links the static archive. In the shared library they are ready before any client code anyway.
-#define KY_EARLY_CONSTANT __attribute__((init_priority(101)))
-
 #endif

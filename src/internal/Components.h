@@ -8,6 +8,7 @@
 #include <cmath>
 #include <cstddef>
 #include <limits>
+#include <type_traits>
 
 // Component-wise work on the arrays that vectors, quaternions and matrices hold: one loop each,
 // unrolled by the compiler. Sums run from the first term on, left to right.
@@ -31,7 +32,7 @@ inline void subtract(T (&a)[N], const T (&b)[N]) {
 }
 
 template <class T, std::size_t N>
-inline void multiply(T (&a)[N], const T (&b)[N]) {
+inline void multiplyComponents(T (&a)[N], const T (&b)[N]) {
     for (std::size_t i = 0; i < N; ++i) a[i] *= b[i];
 }
 
@@ -116,8 +117,20 @@ inline bool normalize(T (&a)[N], T tol, T* length) {
     return false;
 }
 
+/// Whether V is so many bytes without padding or hidden members: clients view it as an array.
+template <class V, std::size_t Bytes>
+constexpr bool kIsPlain = sizeof(V) == Bytes&& std::is_standard_layout_v<V>;
+/// The same of a class template with N values.
+template <template <class> class V, std::size_t N>
+constexpr bool kArePlain =
+    kIsPlain<V<float>, N * sizeof(float)>&& kIsPlain<V<double>, N * sizeof(double)>;
+
 }  // namespace internal
 }  // namespace KyMath
+
+/// Constants are built before initialisers of ordinary priority, including those of clients that
+/// link the static archive. In the shared library they are ready before any client code anyway.
+#define KY_EARLY_CONSTANT __attribute__((init_priority(101)))
 
 /// Subscripts of a class template that holds its components in v_. The usual types of a loop
 /// counter are taken exactly; otherwise v[i] would be ambiguous with the subscript of the pointer

@@ -39,9 +39,9 @@ template <Isa S>
 struct Kernels {
     /// m = a b
     template <class T>
-    static void multiply(T* m, const T* a, const T* b);
+    static void matrixProduct(T* m, const T* a, const T* b);
     /// q = a b, each w first
-    static void multiplyQuaternions(double* q, const double* a, const double* b);
+    static void quaternionProduct(double* q, const double* a, const double* b);
     template <class T>
     static T determinant(const T* a);
     template <class T>
@@ -67,9 +67,9 @@ struct Kernels {
     template <class T>
     static void transformBoxes(const T* m, Strided<const T> in, Strided<T> out, std::size_t n);
     template <class T>
-    static void multiplyAll(Strided<const T> a, Strided<const T> b, Strided<T> m, std::size_t n);
-    static void compoundAll(Strided<const double> a, Strided<const double> b, Strided<double> t,
-                            std::size_t n);
+    static void matrixProducts(Strided<const T> a, Strided<const T> b, Strided<T> m, std::size_t n);
+    static void compounds(Strided<const double> a, Strided<const double> b, Strided<double> t,
+                          std::size_t n);
     /// sides[i] = 1, -1 or 0
     template <class T>
     static void classify(const CullPlane<T>& plane, Strided<const T> boxes, signed char* sides,
@@ -86,7 +86,7 @@ struct Kernels {
 };
 
 inline std::size_t bezierWork(std::size_t m) {
-    return 12 * m;
+    return 12 * (m - 1);
 }
 
 /// Whether the processor has AVX2: asked when the library is loaded, false before.
@@ -95,7 +95,7 @@ extern bool hasAvx2;
 }  // namespace internal
 }  // namespace KyMath
 
-/// Calls the kernel for this processor: KY_KERNEL(multiply(m, a, b)).
+/// Calls the kernel for this processor: KY_KERNEL(matrixProduct(m, a, b)).
 #define KY_KERNEL(...)                                                             \
     (::KyMath::internal::hasAvx2                                                   \
          ? ::KyMath::internal::Kernels<::KyMath::internal::Isa::avx2>::__VA_ARGS__ \

@@ -7,7 +7,6 @@
 #include "lanes/Lanes.h"
 
 #include <stdexcept>
-#include <type_traits>
 
 namespace KyMath {
 
@@ -157,7 +156,7 @@ Matrix44T<T>::Matrix44T(Unset) {}
 template <class T>
 Matrix44T<T> Matrix44T<T>::multiply(const Matrix44T& a, const Matrix44T& b) {
     Matrix44T m{Unset()};
-    KY_KERNEL(multiply(m.v_, a.v_, b.v_));
+    KY_KERNEL(matrixProduct(m.v_, a.v_, b.v_));
     return m;
 }
 template <class T>
@@ -248,11 +247,7 @@ Matrix44T<T>& Matrix44T<T>::invert_affine() {
     return invert_orthogonal();
 }
 
-template <class T>
-constexpr bool kIsSixteenValues =
-    sizeof(Matrix44T<T>) == 16 * sizeof(T) && std::is_standard_layout<Matrix44T<T>>::value;
-static_assert(kIsSixteenValues<float> && kIsSixteenValues<double>,
-              "a matrix is its sixteen values");
+static_assert(internal::kArePlain<Matrix44T, 16>, "a matrix is its sixteen values");
 
 template class Matrix44T<float>;
 template class Matrix44T<double>;

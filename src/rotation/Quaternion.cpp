@@ -11,7 +11,6 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <type_traits>
 
 namespace KyMath {
 
@@ -177,24 +176,24 @@ T QuaternionT<T>::norm() const {
 namespace {
 
 // A call of a kernel would take longer than four floats do.
-void multiply(float* q, const float* a, const float* b) {
-    internal::multiplyQuaternions(q, a, b);
+void assignProduct(float* q, const float* a, const float* b) {
+    internal::quaternionProduct(q, a, b);
 }
-void multiply(double* q, const double* a, const double* b) {
-    KY_KERNEL(multiplyQuaternions(q, a, b));
+void assignProduct(double* q, const double* a, const double* b) {
+    KY_KERNEL(quaternionProduct(q, a, b));
 }
 
 }  // namespace
 
 template <class T>
 QuaternionT<T>& QuaternionT<T>::operator*=(const QuaternionT& q) {
-    multiply(v_, v_, q.v_);
+    assignProduct(v_, v_, q.v_);
     return *this;
 }
 template <class T>
 QuaternionT<T> QuaternionT<T>::operator*(const QuaternionT& q) const {
     QuaternionT product(*this);
-    multiply(product.v_, v_, q.v_);
+    assignProduct(product.v_, v_, q.v_);
     return product;
 }
 template <class T>
@@ -341,10 +340,7 @@ void QuaternionT<T>::fromRotation(const Vector3T<T>& from, const Vector3T<T>& to
     set(std::sqrt(T(0.5 + m)), axis.x(), axis.y(), axis.z());
 }
 
-template <class T>
-constexpr bool kIsFourValues =
-    sizeof(QuaternionT<T>) == 4 * sizeof(T) && std::is_standard_layout<QuaternionT<T>>::value;
-static_assert(kIsFourValues<float> && kIsFourValues<double>, "a quaternion is its four values");
+static_assert(internal::kArePlain<QuaternionT, 4>, "a quaternion is its four values");
 
 template class QuaternionT<float>;
 template class QuaternionT<double>;

@@ -10,7 +10,7 @@ namespace internal {
 
 /// q = left right, each w first. q may be either of them.
 template <class T>
-static KY_INLINE void multiplyQuaternions(T* q, const T* left, const T* right) {
+static KY_INLINE void quaternionProduct(T* q, const T* left, const T* right) {
     // Lane by lane:  a0 b0 - a1 b1 - a2 b2 - a3 b3
     //                a0 b1 + a1 b0 + a2 b3 - a3 b2
     //                a0 b2 + a2 b0 + a3 b1 - a1 b3

@@ -2,13 +2,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <Ky/KyEulerAngles.h>
 
-#include <Ky/KyTransform.h>
-
 #include "internal/Components.h"
 #include "internal/Libm.h"
 
 #include <ostream>
-#include <type_traits>
 #include <utility>
 
 namespace Ky {
@@ -140,7 +137,7 @@ void KyEulerAngles::fromMatrix44(const double (*m)[4], eEulerOrder order) {
 
 Vector3d KyEulerAngles::getEulerAngles(const Vector3d& angles, eEulerOrder from, eEulerOrder to) {
     if (from == to) return angles;
-    double m[3][4];  // its last row is neither written nor read
+    double m[3][4];  // the last row is neither written nor read
     KyEulerAngles(angles, from).toMatrix44(m);
     KyEulerAngles e;
     e.fromMatrix44(m, to);
@@ -154,10 +151,11 @@ bool KyEulerAngles::areEqualTolAndSameOrder(const KyEulerAngles& a, const KyEule
 
 bool KyEulerAngles::areEqualTol(const KyEulerAngles& a, const KyEulerAngles& b, double tol) {
     if (a.order_ == b.order_) return areEqualTolAndSameOrder(a, b, tol);
-    const KyTransform ta(Vector3d(), a);
-    const KyTransform tb(Vector3d(), b);
+    double ma[3][4], mb[3][4];  // the last rows are neither written nor read
+    a.toMatrix44(ma);
+    b.toMatrix44(mb);
     for (int c = 0; c < 3; ++c) {
-        if (!Vector3d::areEqualTol(Vector3d(ta[c]), Vector3d(tb[c]), tol)) return false;
+        if (!Vector3d::areEqualTol(Vector3d(ma[c]), Vector3d(mb[c]), tol)) return false;
     }
     return true;
 }
@@ -188,10 +186,9 @@ std::ostream& operator<<(std::ostream& os, const KyEulerAngles& e) {
               << " order: " << static_cast<int>(e.order()) << "]";
 }
 
-static_assert(sizeof(KyEulerAngles) == 4 * sizeof(double) &&
+static_assert(KyMath::internal::kIsPlain<KyEulerAngles, 4 * sizeof(double)> &&
                   sizeof(KyEulerAngles::eEulerOrder) == 4 &&
-                  std::is_standard_layout<KyEulerAngles>::value &&
-                  std::is_trivially_copyable<KyEulerAngles>::value,
+                  std::is_trivially_copyable_v<KyEulerAngles>,
               "Euler angles are their three values and the order");
 
 }  // namespace Ky

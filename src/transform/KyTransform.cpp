@@ -10,8 +10,6 @@
 #include "lanes/Lanes.h"
 #include "rotation/RotationToQuaternion.h"
 
-#include <type_traits>
-
 namespace Ky {
 
 using KyMath::Matrix44d;
@@ -282,9 +280,8 @@ KyTransform& KyTransform::interpolate(const KyTransform& a, const KyTransform& b
     return *this;
 }
 
-static_assert(sizeof(KyTransform) == 16 * sizeof(double) &&
-                  std::is_standard_layout<KyTransform>::value &&
-                  std::is_trivially_copyable<KyTransform>::value,
+static_assert(KyMath::internal::kIsPlain<KyTransform, 16 * sizeof(double)> &&
+                  std::is_trivially_copyable_v<KyTransform>,
               "a rigid transform is its sixteen values");
 
 }  // namespace Ky

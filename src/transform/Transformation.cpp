@@ -176,10 +176,9 @@ void decomposeT(const Matrix44T<T>& m, Vector3T<T>& scale, Vector3T<T>& rotation
     translation = getTranslationT(n);
     scale = normalizeColumns(n);
 
-    const T y = internal::asin(n(0, 2));
-    if (double(std::abs(y)) < kGimbalLock) {
-        rotation.set(internal::atan2(-n(1, 2), n(2, 2)), y, internal::atan2(-n(0, 1), n(0, 0)));
-    } else {
+    rotation = anglesOf(n);
+    const T y = rotation.y();
+    if (!(double(std::abs(y)) < kGimbalLock)) {
         const T k = y >= 0 ? T(-1) : T(1);
         rotation.set(internal::atan2(n(2, 1), k * n(2, 0)), y, 0);
     }

@@ -5,8 +5,6 @@
 #include "internal/Components.h"
 #include "internal/Libm.h"
 
-#include <type_traits>
-
 namespace KyMath {
 
 template <>
@@ -156,10 +154,7 @@ Vector2T<T>& Vector2T<T>::rotate(T angle) {
     return *this;
 }
 
-template <class T>
-constexpr bool kIsTwoValues =
-    sizeof(Vector2T<T>) == 2 * sizeof(T) && std::is_standard_layout<Vector2T<T>>::value;
-static_assert(kIsTwoValues<float> && kIsTwoValues<double>, "a vector is its two values");
+static_assert(internal::kArePlain<Vector2T, 2>, "a vector is its two values");
 
 template class Vector2T<float>;
 template class Vector2T<double>;

@@ -5,8 +5,6 @@
 #include "internal/Components.h"
 #include "internal/Libm.h"
 
-#include <type_traits>
-
 namespace KyMath {
 
 template <>
@@ -155,7 +153,7 @@ Vector3T<T> Vector3T<T>::operator-() const {
 }
 template <class T>
 void Vector3T<T>::multComp(const Vector3T& v) {
-    internal::multiply(v_, v.v_);
+    internal::multiplyComponents(v_, v.v_);
 }
 template <class T>
 Vector3T<T> Vector3T<T>::multComp(const Vector3T& a, const Vector3T& b) {
@@ -315,11 +313,8 @@ bool Vector3T<T>::planeNormal(const Vector3T& a, const Vector3T& b, const Vector
 template <class T>
 void Vector3T<T>::print(const char*) const {}
 
-template <class T>
-constexpr bool kIsThreeValues =
-    sizeof(Vector3T<T>) == 3 * sizeof(T) &&
-    std::is_standard_layout<Vector3T<T>>::value&& std::is_trivially_copyable<Vector3T<T>>::value;
-static_assert(kIsThreeValues<float> && kIsThreeValues<double>, "a vector is its three values");
+static_assert(internal::kArePlain<Vector3T, 3> && std::is_trivially_copyable_v<Vector3T<double>>,
+              "a vector is its three values");
 
 template class Vector3T<float>;
 template class Vector3T<double>;

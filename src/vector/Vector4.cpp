@@ -4,8 +4,6 @@
 
 #include "internal/Components.h"
 
-#include <type_traits>
-
 namespace KyMath {
 
 template <class T>
@@ -203,10 +201,7 @@ bool Vector4T<T>::normalize(T tol, T* length) {
     return internal::normalize(v_, tol, length);
 }
 
-template <class T>
-constexpr bool kIsFourValues =
-    sizeof(Vector4T<T>) == 4 * sizeof(T) && std::is_standard_layout<Vector4T<T>>::value;
-static_assert(kIsFourValues<float> && kIsFourValues<double>, "a vector is its four values");
+static_assert(internal::kArePlain<Vector4T, 4>, "a vector is its four values");
 
 template class Vector4T<float>;
 template class Vector4T<double>;

@@ -5,7 +5,6 @@
 #include "internal/Components.h"
 
 #include <ostream>
-#include <type_traits>
 
 namespace KyMath {
 
@@ -56,7 +55,6 @@ std::ostream& operator<<(std::ostream& os, const Vector6& v) {
     return os;
 }
 
-static_assert(sizeof(Vector6) == 6 * sizeof(double) && std::is_standard_layout<Vector6>::value,
-              "a vector is its six values");
+static_assert(internal::kIsPlain<Vector6, 6 * sizeof(double)>, "a vector is its six values");
 
 }  // namespace KyMath
