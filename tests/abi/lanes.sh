@@ -9,7 +9,7 @@
 # library nothing that changes the mode of the processor, as -ffast-math links.
 set -euo pipefail
 defined=$(nm -AC --defined-only --extern-only "$1" | grep -E 'Avx2\.cpp\.o:[0-9a-f]+ [TW] ' || true)
-[[ $defined == *multiply* ]] || { echo "cannot read $1"; exit 1; }
+[[ $defined == *matrixProduct* ]] || { echo "cannot read $1"; exit 1; }
 if grep -vF 'Kernels<(KyMath::internal::Isa)1>::' <<<"$defined"; then
     echo "compiled for AVX2, and not of its set"
     exit 1
