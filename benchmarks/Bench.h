@@ -18,23 +18,23 @@
 
 namespace bench {
 
-/// How many inputs each operation runs through: nothing of it can be folded.
+/// Number of inputs of each operation: too many for the compiler to fold anything.
 constexpr std::size_t kCount = 1024;
 
-/// N values as they stand in memory: input and result of the limits.
+/// N values in memory order: inputs and results of the limits.
 template <class T, std::size_t N>
 struct Values {
     T v[N];
 };
 
-/// Four values that are computed with at once; lane k of a result depends on lane k alone.
+/// Four values in one vector; lane k of a result depends only on lane k of the operands.
 template <class T>
 struct Lanes {
     typedef T Type __attribute__((vector_size(4 * sizeof(T))));
 };
 
 /// @name Inputs, the same in every program and source
-/// Sequences of T, several of which make up a value of a library.
+/// Sequences of T; a value of a library takes several of them.
 /// @{
 
 /// n values in [low, high), the same for the same seed.
@@ -60,8 +60,8 @@ std::vector<T> quaternions(std::uint64_t seed) {
     return q;
 }
 
-/// Matrices of a rotation, times a scale in [1, maxScale) along each axis, and a translation,
-/// column by column.
+/// Matrices of a rotation times a scale in [1, maxScale) along each axis, and a translation, column
+/// by column.
 template <class T>
 std::vector<T> transforms(double maxScale, std::uint64_t seed) {
     const std::vector<T> turns = quaternions<T>(seed);
@@ -85,7 +85,7 @@ std::vector<T> transforms(double maxScale, std::uint64_t seed) {
     return matrices;
 }
 
-/// Matrices of no special form, and well conditioned.
+/// Well-conditioned matrices of no special form.
 template <class T>
 std::vector<T> matrices(std::uint64_t seed) {
     std::vector<T> m = numbers<T>(16 * kCount, -1, 1, seed);
@@ -93,7 +93,7 @@ std::vector<T> matrices(std::uint64_t seed) {
     return m;
 }
 
-/// Boxes of which about half overlap: minimum, then maximum.
+/// Boxes, about half of which overlap: minimum, then maximum.
 template <class T>
 std::vector<T> boxes(std::uint64_t seed) {
     std::vector<T> b = numbers<T>(6 * kCount, 0, 2, seed);
@@ -103,7 +103,7 @@ std::vector<T> boxes(std::uint64_t seed) {
     return b;
 }
 
-// Of each family.
+// The inputs of each family.
 
 template <class T>
 struct VectorsInputs {
@@ -141,8 +141,8 @@ inline std::vector<float> frustumViews() {
 }
 /// @}
 
-/// An array of values of a library, each made by make(pointer to its k inputs). It is never freed:
-/// the benchmarks refer to it.
+/// An array of values of a library, each made by make(pointer to its k inputs). Never freed,
+/// because the benchmarks refer to it.
 template <class V, class T, class Make>
 const V* load(const std::vector<T>& inputs, std::size_t k, Make make) {
     const std::size_t n = inputs.size() / k;
@@ -151,10 +151,10 @@ const V* load(const std::vector<T>& inputs, std::size_t k, Make make) {
     return values;
 }
 
-/// The same for values that are nothing but their inputs.
+/// The same for values that consist of their inputs.
 template <class V, class T>
 const V* load(const std::vector<T>& inputs) {
-    static_assert(sizeof(V) % sizeof(T) == 0, "made of values of T alone");
+    static_assert(sizeof(V) % sizeof(T) == 0, "consists of values of T");
     return load<V>(inputs, sizeof(V) / sizeof(T), [](const T* p) {
         V v = V();
         std::memcpy(static_cast<void*>(&v), p, sizeof(V));
@@ -162,7 +162,7 @@ const V* load(const std::vector<T>& inputs) {
     });
 }
 
-/// Makes the compiler believe that r is used: where it is for a number, in memory for all else.
+/// Makes the compiler assume that r is used: a number in its register, anything else in memory.
 template <class R>
 inline void keep(const R& r) {
     if constexpr (std::is_floating_point_v<R>) {
@@ -189,7 +189,7 @@ void add(const std::string& name, F operation, std::size_t count = kCount) {
     });
 }
 
-/// Adds a benchmark of all items at once: operation() returns its results, an array.
+/// Adds a benchmark of all items at once: operation() returns an array of results.
 template <class F>
 void addWhole(const std::string& name, F operation, std::size_t items) {
     benchmark::RegisterBenchmark(name.c_str(), [operation, items](benchmark::State& state) {
@@ -208,7 +208,7 @@ std::string name(const std::string& operation, const std::string& who) {
     return operation + (std::is_same_v<T, float> ? "/f/" : "/d/") + who;
 }
 
-/// Stops the program unless both results are the same bits.
+/// Stops the program unless both results have the same bits.
 inline void demandSame(const std::string& operation, std::size_t i, const void* a, std::size_t size,
                        const void* b, std::size_t otherSize) {
     if (size == otherSize && std::memcmp(a, b, size) == 0) return;
@@ -217,8 +217,8 @@ inline void demandSame(const std::string& operation, std::size_t i, const void* 
     std::exit(1);
 }
 
-/// Adds an operation of the library and the same arithmetic written inline, after comparing their
-/// results for all inputs.
+/// Adds an operation of the library and its limit, the same arithmetic written inline, after
+/// comparing their results for all inputs.
 template <class T, class Ours, class Limit>
 void ours(const std::string& operation, Ours library, Limit limit) {
     for (std::size_t i = 0; i < kCount; ++i) {
@@ -230,7 +230,7 @@ void ours(const std::string& operation, Ours library, Limit limit) {
     add(name<T>(operation, "limit"), limit);
 }
 
-/// The same for an operation on all items at once; each of the two has results of its own.
+/// The same for an operation on all items at once. Each of the two has its own results.
 template <class T, class Ours, class Limit>
 void oursWhole(const std::string& operation, Ours library, Limit limit, std::size_t items) {
     const auto* const a = library();
@@ -248,7 +248,7 @@ void peer(const std::string& operation, const std::string& who, F f) {
 
 }  // namespace bench
 
-/// @name The usual form of an operation: an expression of i, the number of the input
+/// @name The usual form of an operation: an expression of the input's index i
 /// @{
 #define KY_OURS(T, operation, expression, limit)              \
     bench::ours<T>(                                           \
@@ -258,8 +258,8 @@ void peer(const std::string& operation, const std::string& who, F f) {
     bench::peer<T>(operation, #who, [=](std::size_t i) { return expression; })
 /// @}
 
-/// Each program defines these two: the operations of the library, and in a source compiled as its
-/// users would those of the others.
+/// Each program defines these two: the operations of the library, and those of the peers in a
+/// source that is compiled as their users would.
 void addOurs();
 void addPeers();
 

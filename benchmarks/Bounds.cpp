@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The KyMath authors
 // SPDX-License-Identifier: Apache-2.0
-#include "Bench.h"
+#include "Limits.h"
 
 #include <KyMath/BoundingBox.h>
 #include <KyMath/Frustum.h>
@@ -11,16 +11,10 @@
 #include <algorithm>
 #include <limits>
 
-using bench::load;
-using bench::ours;
-using bench::Values;
+using namespace bench;
 
 namespace {
 
-template <class T>
-using V = Values<T, 3>;
-template <class T>
-using M = Values<T, 16>;
 template <class T>
 using Box = Values<T, 6>;
 
@@ -152,7 +146,7 @@ void addFrustum() {
         KyMath::Transformation::createFrustumT<float>(-1, 1.5f, -0.5f, 1, 1, 100);
     const M<float>* const lp =
         load<M<float>>(std::vector<float>(projection[0], projection[0] + 16));
-    const auto views = bench::frustumViews();
+    const auto views = frustumViews();
     const auto* const view = load<Matrix44f>(views);
     const auto* const lv = load<M<float>>(views);
     ours<float>(
@@ -168,7 +162,7 @@ template <class T>
 void addAll() {
     using KyBox = KyMath::BoundingBoxT<T>;
     using Vector = KyMath::Vector3T<T>;
-    const auto [inputs, others, moves, origins, directions] = bench::BoundsInputs<T>();
+    const auto [inputs, others, moves, origins, directions] = BoundsInputs<T>();
     const auto* const a = load<KyBox>(inputs);
     const auto* const b = load<KyBox>(others);
     const auto* const m = load<KyMath::Matrix44T<T>>(moves);
@@ -191,8 +185,8 @@ void addAll() {
     KY_OURS(T, "box merge", a[i] + b[i], merged(la[i], lb[i]));
     KY_OURS(T, "box overlap", a[i].intersects(b[i]), overlap(la[i], lb[i]));
     KY_OURS(T, "line against box", a[i].intersect(o[i], d[i]), hit(la[i], lo[i], ld[i]));
-    KY_OURS(T, "plane through points", KyMath::PlaneT<T>(o[i], d[i], o[(i + 1) % bench::kCount]),
-            throughPoints(lo[i], ld[i], lo[(i + 1) % bench::kCount]));
+    KY_OURS(T, "plane through points", KyMath::PlaneT<T>(o[i], d[i], o[(i + 1) % kCount]),
+            throughPoints(lo[i], ld[i], lo[(i + 1) % kCount]));
 }
 
 }  // namespace

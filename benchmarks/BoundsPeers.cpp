@@ -2,8 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Peers.h"
 
-using bench::load;
-using bench::peer;
+using namespace bench;
 
 namespace {
 
@@ -13,10 +12,10 @@ struct BulletBox {
 
 template <class T>
 void addAll() {
-    const auto [inputs, others, moves, origins, directions] = bench::BoundsInputs<T>();
-    const auto next = [](std::size_t i) { return (i + 1) % bench::kCount; };
+    const auto [inputs, others, moves, origins, directions] = BoundsInputs<T>();
+    const auto next = [](std::size_t i) { return (i + 1) % kCount; };
 
-    using E3 = bench::EigenVector3<T>;
+    using E3 = EigenVector3<T>;
     using EBox = Eigen::AlignedBox<T, 3>;
     using EPlane = Eigen::Hyperplane<T, 3>;
     const auto* const ea = load<EBox>(inputs);
@@ -43,7 +42,7 @@ void addAll() {
         return r;
     });
     KY_PEER(T, "box overlap", Imath, ia[i].intersects(ib[i]));
-    // Of a ray: half of the line. Where the line is hit comes with findEntryAndExitPoints() only.
+    // Tests a ray, half of the line. For lines there is only findEntryAndExitPoints().
     peer<T>("line against box", "Imath", [=](std::size_t i) {
         Imath::Line3<T> ray;
         ray.pos = io[i];
@@ -54,13 +53,13 @@ void addAll() {
 
     if constexpr (std::is_same_v<T, double>) {
         const auto box = [](const double* b) {
-            return BulletBox{bench::bulletVector(b), bench::bulletVector(b + 3)};
+            return BulletBox{bulletVector(b), bulletVector(b + 3)};
         };
         const auto* const ba = load<BulletBox>(inputs, 6, box);
         const auto* const bb = load<BulletBox>(others, 6, box);
-        const auto* const bm = load<btTransform>(moves, 16, bench::bulletTransform);
-        const auto* const bo = load<btVector3>(origins, 3, bench::bulletVector);
-        const auto* const bd = load<btVector3>(directions, 3, bench::bulletVector);
+        const auto* const bm = load<btTransform>(moves, 16, bulletTransform);
+        const auto* const bo = load<btVector3>(origins, 3, bulletVector);
+        const auto* const bd = load<btVector3>(directions, 3, bulletVector);
         peer<T>("box transform", "Bullet", [=](std::size_t i) {
             BulletBox r;
             btTransformAabb(ba[i].min, ba[i].max, 0, bm[i], r.min, r.max);
@@ -83,7 +82,7 @@ void addAll() {
 }
 
 void addFrustum() {
-    const auto* const views = load<Imath::M44f>(bench::frustumViews());
+    const auto* const views = load<Imath::M44f>(frustumViews());
     struct Planes {
         Imath::Plane3f p[6];
     };

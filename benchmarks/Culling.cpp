@@ -11,9 +11,7 @@
 #include <algorithm>
 #include <memory>
 
-using bench::kItems;
-using bench::load;
-using bench::Values;
+using namespace bench;
 using KyMath::BoundingBoxd;
 using KyMath::Polytope;
 
@@ -22,14 +20,14 @@ namespace {
 using Flags = std::vector<unsigned char>;
 
 std::vector<KyMath::Planed> viewPlanes() {
-    const auto& [x, y, z] = bench::kEye;
-    const double s = bench::kSpread;
-    return {{s, 1, 0, -s * x - y},  {s, -1, 0, -s * x + y},       {s, 0, 1, -s * x - z},
-            {s, 0, -1, -s * x + z}, {1, 0, 0, -x - bench::kNear}, {-1, 0, 0, x + bench::kFar}};
+    const auto& [x, y, z] = kEye;
+    const double s = kSpread;
+    return {{s, 1, 0, -s * x - y},  {s, -1, 0, -s * x + y}, {s, 0, 1, -s * x - z},
+            {s, 0, -1, -s * x + z}, {1, 0, 0, -x - kNear},  {-1, 0, 0, x + kFar}};
 }
 
-/// Visible unless some plane has the whole box strictly on its negative side: its furthest corner,
-/// unless the nearest is on the positive side, as that of a box turned inside out can be.
+/// A box is visible unless some plane has it strictly on its negative side: its furthest corner,
+/// and also the nearest one, which in an inverted box can be on the positive side.
 struct LimitPlane {
     Values<double, 4> v;
     unsigned int upper;
@@ -57,7 +55,7 @@ void limitCull(const std::vector<LimitPlane>& planes, const Values<double, 6>* b
 template <class T>
 void limitTransform(const Values<T, 16>& matrix, const Values<T, 3>* points, std::size_t n,
                     Values<T, 3>* results) {
-    using V = typename bench::Lanes<T>::Type;
+    using V = typename Lanes<T>::Type;
     V m[4];
     std::memcpy(m, matrix.v, sizeof m);
     for (std::size_t i = 0; i < n; ++i) {
@@ -68,7 +66,7 @@ void limitTransform(const Values<T, 16>& matrix, const Values<T, 3>* points, std
     }
 }
 
-/// Boxes in the order of the leaves of a tree: every node is a range of them.
+/// A node is a range of the boxes, which are in the order of the tree's leaves.
 struct Node {
     BoundingBoxd box;
     std::size_t begin, end;
@@ -115,7 +113,7 @@ void cullTree(Polytope& view, const Node& node, const BoundingBoxd* boxes, unsig
 }
 
 void addBoxes() {
-    const auto inputs = bench::sceneBoxes();
+    const auto inputs = sceneBoxes();
     const auto* const boxes = load<BoundingBoxd>(inputs);
     const auto* const lboxes = load<Values<double, 6>>(inputs);
     const auto view = std::make_shared<Polytope>(viewPlanes());
@@ -126,7 +124,7 @@ void addBoxes() {
     }
     const auto flags = [] { return std::make_shared<Flags>(kItems); };
 
-    bench::oursWhole<double>(
+    oursWhole<double>(
         "100,000 boxes",
         [=, out = flags()] {
             KyMath::Batch::cull(*view, boxes, out->data(), kItems);
@@ -149,22 +147,22 @@ void addBoxes() {
         cullTree(*view, *tree, leaves->data(), out->data());
         return out->data();
     };
-    bench::demandSame("hierarchy", 0, flat(), kItems, deep(), kItems);
-    bench::addWhole("100,000 boxes in a hierarchy/d/flat", flat, kItems);
-    bench::addWhole("100,000 boxes in a hierarchy/d/ours", deep, kItems);
+    demandSame("hierarchy", 0, flat(), kItems, deep(), kItems);
+    addWhole("100,000 boxes in a hierarchy/d/flat", flat, kItems);
+    addWhole("100,000 boxes in a hierarchy/d/ours", deep, kItems);
 }
 
 template <class T>
 void addPoints() {
     using Vector = KyMath::Vector3T<T>;
     using Limit = Values<T, 3>;
-    const auto inputs = bench::scenePoints<T>();
-    const auto matrix = bench::projection<T>();
+    const auto inputs = scenePoints<T>();
+    const auto matrix = projection<T>();
     const auto* const points = load<Vector>(inputs);
     const auto* const lpoints = load<Limit>(inputs);
     const auto* const m = load<KyMath::Matrix44T<T>>(matrix);
     const auto* const lm = load<Values<T, 16>>(matrix);
-    bench::oursWhole<T>(
+    oursWhole<T>(
         "100,000 points",
         [=, out = std::make_shared<std::vector<Vector>>(kItems)] {
             KyMath::Batch::transformPositions(*m, points, out->data(), kItems);

@@ -1,25 +1,20 @@
 // SPDX-FileCopyrightText: 2026 The KyMath authors
 // SPDX-License-Identifier: Apache-2.0
-#include "Bench.h"
+#include "Limits.h"
 
 #include <KyMath/Matrix.h>
 #include <KyMath/Transformation.h>
 
 #include <limits>
 
-using bench::load;
-using bench::ours;
-using bench::Values;
+using namespace bench;
 
 namespace {
 
-template <class T>
-using M = Values<T, 16>;
-
-/// Every row of m times (x, y, z, w) in a lane of its own.
+/// m times (x, y, z, w), with a lane for each row.
 template <class T>
 inline void multiply(const M<T>& m, T x, T y, T z, T w, T* result) {
-    typename bench::Lanes<T>::Type a, b, c, d;
+    typename Lanes<T>::Type a, b, c, d;
     std::memcpy(&a, m.v, sizeof a);
     std::memcpy(&b, m.v + 4, sizeof b);
     std::memcpy(&c, m.v + 8, sizeof c);
@@ -44,30 +39,14 @@ Values<T, 4> byVector(const M<T>& m, T x, T y, T z, T w) {
     return p;
 }
 
-/// Of three rows and three columns, by the rule of Sarrus.
-template <class T>
-inline T minorOf(const M<T>& m, const int (&r)[3], const int (&c)[3]) {
-    const auto e = [&](int i, int j) { return m.v[4 * c[j] + r[i]]; };
-    return e(0, 0) * e(1, 1) * e(2, 2) + e(1, 0) * e(2, 1) * e(0, 2) + e(2, 0) * e(0, 1) * e(1, 2) -
-           e(0, 2) * e(1, 1) * e(2, 0) - e(2, 2) * e(1, 0) * e(0, 1) - e(1, 2) * e(0, 0) * e(2, 1);
-}
-constexpr int kOthers[4][3] = {{1, 2, 3}, {0, 2, 3}, {0, 1, 3}, {0, 1, 2}};
-
-template <class T>
-T determinant(const M<T>& m) {
-    return m.v[0] * minorOf(m, kOthers[0], kOthers[0]) -
-           m.v[4] * minorOf(m, kOthers[0], kOthers[1]) +
-           m.v[8] * minorOf(m, kOthers[0], kOthers[2]) -
-           m.v[12] * minorOf(m, kOthers[0], kOthers[3]);
-}
-
-/// Column c of the adjugate holds the minors of the other rows, that of its row k without column k
-/// in lane k.
+/// Column c of the adjugate holds minors of the rows other than c; lane k holds the one without
+/// column k.
 template <class T>
 M<T> inverse(const M<T>& m) {
-    using V = typename bench::Lanes<T>::Type;
+    using V = typename Lanes<T>::Type;
     const V signs = {1, -1, 1, -1};
-    V x[4], y[4], z[4];  // of each row, its values in the first, second, third of the other columns
+    V x[4], y[4],
+        z[4];  // for each row, its values in the first, second, third of the other columns
     for (int r = 0; r < 4; ++r) {
         const T* const p = m.v + r;
         x[r] = V{p[4], p[0], p[0], p[0]};
@@ -105,7 +84,7 @@ M<T> rigidInverse(const M<T>& m) {
 template <class T>
 void addAll() {
     using Matrix = KyMath::Matrix44T<T>;
-    const auto [inputs, others, rigid, points] = bench::MatricesInputs<T>();
+    const auto [inputs, others, rigid, points] = MatricesInputs<T>();
     const auto* const a = load<Matrix>(inputs);
     const auto* const b = load<Matrix>(others);
     const auto* const t = load<Matrix>(rigid);

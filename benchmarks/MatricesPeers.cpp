@@ -2,19 +2,18 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Peers.h"
 
-using bench::load;
-using bench::peer;
+using namespace bench;
 
 namespace {
 
 template <class T>
 void addAll() {
-    const auto [inputs, others, rigid, points] = bench::MatricesInputs<T>();
+    const auto [inputs, others, rigid, points] = MatricesInputs<T>();
 
-    using E = bench::EigenMatrix<T>;
-    using E3 = bench::EigenVector3<T>;
-    using E4 = bench::EigenVector4<T>;
-    using Rigid = bench::EigenRigid<T>;
+    using E = EigenMatrix<T>;
+    using E3 = EigenVector3<T>;
+    using E4 = EigenVector4<T>;
+    using Rigid = EigenRigid<T>;
     const auto* const ea = load<E>(inputs);
     const auto* const eb = load<E>(others);
     const auto* const et = load<Rigid>(rigid);
@@ -30,9 +29,9 @@ void addAll() {
     KY_PEER(T, "rigid inverse", Eigen, Rigid(et[i].inverse()));
     KY_PEER(T, "determinant", Eigen, ea[i].determinant());
 
-    using G = bench::GlmMatrix<T>;
-    using G3 = bench::GlmVector3<T>;
-    using G4 = bench::GlmVector4<T>;
+    using G = GlmMatrix<T>;
+    using G3 = GlmVector3<T>;
+    using G4 = GlmVector4<T>;
     const auto* const ga = load<G>(inputs);
     const auto* const gb = load<G>(others);
     const auto* const gp = load<G4>(points);
@@ -63,7 +62,7 @@ void addAll() {
     KY_PEER(T, "determinant", Imath, ia[i].determinant());
 
     if constexpr (std::is_same_v<T, double>) {
-        const auto* const bt = load<btTransform>(rigid, 16, bench::bulletTransform);
+        const auto* const bt = load<btTransform>(rigid, 16, bulletTransform);
         KY_PEER(T, "rigid inverse", Bullet, bt[i].inverse());
     }
 }

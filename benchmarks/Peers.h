@@ -4,7 +4,7 @@
 #define KYMATH_BENCHMARKS_PEERS_H
 
 #define GLM_ENABLE_EXPERIMENTAL
-#define BT_USE_DOUBLE_PRECISION  // it has one scalar type in a program
+#define BT_USE_DOUBLE_PRECISION  // Bullet has one scalar type in a program
 
 #include "Bench.h"
 
@@ -27,8 +27,8 @@
 
 namespace bench {
 
-/// @name Names of the peers' types by scalar type, and values of theirs that are not laid out as
-/// the inputs are
+/// @name The peers' types by scalar type, and conversions for those whose layout differs from that
+/// of the inputs
 /// @{
 template <class T>
 using EigenVector3 = Eigen::Matrix<T, 3, 1>;

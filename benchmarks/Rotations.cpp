@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The KyMath authors
 // SPDX-License-Identifier: Apache-2.0
-#include "Bench.h"
+#include "Limits.h"
 
 #include <Ky/Ky.h>
 #include <KyMath/Quaternion.h>
@@ -8,18 +8,12 @@
 
 #include <math.h>  // sincos, an extension of the C library
 
-using bench::load;
-using bench::ours;
-using bench::Values;
+using namespace bench;
 
 namespace {
 
 template <class T>
-using V = Values<T, 3>;
-template <class T>
 using Q = Values<T, 4>;
-template <class T>
-using M = Values<T, 16>;
 
 void sinCos(double x, double& s, double& c) {
     ::sincos(x, &s, &c);
@@ -33,28 +27,22 @@ T dot(const Q<T>& a, const Q<T>& b) {
     return a.v[0] * b.v[0] + a.v[1] * b.v[1] + a.v[2] * b.v[2] + a.v[3] * b.v[3];
 }
 
+/// The matrix with these first three columns.
+template <class T>
+M<T> rotation(const V<T>& x, const V<T>& y, const V<T>& z) {
+    return {x.v[0], x.v[1], x.v[2], 0, y.v[0], y.v[1], y.v[2], 0,
+            z.v[0], z.v[1], z.v[2], 0, 0,      0,      0,      1};
+}
+
 template <class T>
 M<T> eulerToMatrix(const V<T>& angles) {
     T sx, cx, sy, cy, sz, cz;
     sinCos(angles.v[2], sz, cz);
     sinCos(angles.v[1], sy, cy);
     sinCos(angles.v[0], sx, cx);
-    return {cy * cz,
-            sx * sy * cz + cx * sz,
-            sx * sz - cx * sy * cz,
-            0,
-            -cy * sz,
-            cx * cz - sx * sy * sz,
-            sx * cz + cx * sy * sz,
-            0,
-            sy,
-            -sx * cy,
-            cx * cy,
-            0,
-            0,
-            0,
-            0,
-            1};
+    return rotation<T>({cy * cz, sx * sy * cz + cx * sz, sx * sz - cx * sy * cz},
+                       {-cy * sz, cx * cz - sx * sy * sz, sx * cz + cx * sy * sz},
+                       {sy, -sx * cy, cx * cy});
 }
 
 template <class T>
@@ -76,16 +64,8 @@ Parts<T> composeAndDecompose(const V<T>& scale, const V<T>& rotation, const V<T>
         for (int r = 0; r < 4; ++r) m.v[4 * c + r] *= scale.v[c] * 1;
         m.v[12 + c] = translation.v[c];
     }
-    const auto minorOf = [&](int a, int b, int c) {
-        const auto e = [&](int i, int j) { return m.v[4 * (j == 0 ? a : j == 1 ? b : c) + 1 + i]; };
-        return e(0, 0) * e(1, 1) * e(2, 2) + e(1, 0) * e(2, 1) * e(0, 2) +
-               e(2, 0) * e(0, 1) * e(1, 2) - e(0, 2) * e(1, 1) * e(2, 0) -
-               e(2, 2) * e(1, 0) * e(0, 1) - e(1, 2) * e(0, 0) * e(2, 1);
-    };
-    const T determinant = m.v[0] * minorOf(1, 2, 3) - m.v[4] * minorOf(0, 2, 3) +
-                          m.v[8] * minorOf(0, 1, 3) - m.v[12] * minorOf(0, 1, 2);
     Parts<T> p;
-    p.sign = determinant >= 0 ? T(1) : T(-1);
+    p.sign = determinant(m) >= 0 ? T(1) : T(-1);
     p.translation = {m.v[12], m.v[13], m.v[14]};
     for (int c = 0; c < 3; ++c) {
         T* const x = m.v + 4 * c;
@@ -145,22 +125,9 @@ M<T> quaternionToMatrix(const Q<T>& q) {
     const T norm = std::sqrt(dot(q, q));
     const T w = q.v[0] / norm, x = q.v[1] / norm, y = q.v[2] / norm, z = q.v[3] / norm;
     const auto diagonal = [](T sum) { return T(1.0 - double(2 * sum)); };
-    return {diagonal(y * y + z * z),
-            2 * (x * y + z * w),
-            2 * (x * z - y * w),
-            0,
-            2 * (x * y - z * w),
-            diagonal(x * x + z * z),
-            2 * (y * z + x * w),
-            0,
-            2 * (x * z + y * w),
-            2 * (y * z - x * w),
-            diagonal(x * x + y * y),
-            0,
-            0,
-            0,
-            0,
-            1};
+    return rotation<T>({diagonal(y * y + z * z), 2 * (x * y + z * w), 2 * (x * z - y * w)},
+                       {2 * (x * y - z * w), diagonal(x * x + z * z), 2 * (y * z + x * w)},
+                       {2 * (x * z + y * w), 2 * (y * z - x * w), diagonal(x * x + y * y)});
 }
 
 template <class T>
@@ -191,7 +158,7 @@ Q<T> matrixToQuaternion(const M<T>& m) {
     return q;
 }
 
-/// The first of two rigid transforms, then the second.
+/// The rigid transform that applies a, then b.
 M<double> compound(const M<double>& a, const M<double>& b) {
     M<double> m;
     for (int c = 0; c < 4; ++c) {
@@ -222,7 +189,7 @@ V<double> reorder(const V<double>& angles) {
 void addRigid() {
     using Ky::KyEulerAngles;
     using Ky::KyTransform;
-    const auto [inputs, others, angles] = bench::RigidInputs();
+    const auto [inputs, others, angles] = RigidInputs();
     const auto* const a = load<KyTransform>(inputs);
     const auto* const b = load<KyTransform>(others);
     const auto* const e = load<KyMath::Vector3d>(angles);
@@ -236,7 +203,7 @@ void addRigid() {
             return t.compound(a[i], b[i]);
         },
         [=](std::size_t i) { return compound(la[i], lb[i]); });
-    // A chain of calls on one object: each waits for the one before.
+    // A chain of calls on one object: each waits for its predecessor.
     ours<double>(
         "rigid compound chain",
         [=, t = KyTransform()](std::size_t i) mutable -> const KyTransform& {
@@ -258,7 +225,7 @@ void addAll() {
     using Vector = KyMath::Vector3T<T>;
     using Quaternion = KyMath::QuaternionT<T>;
     using Matrix = KyMath::Matrix44T<T>;
-    const auto [angles, scales, points, times, inputs, others, turns] = bench::RotationsInputs<T>();
+    const auto [angles, scales, points, times, inputs, others, turns] = RotationsInputs<T>();
     const auto* const e = load<Vector>(angles);
     const auto* const n = load<T>(angles);
     const auto* const s = load<Vector>(scales);

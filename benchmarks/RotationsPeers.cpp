@@ -2,31 +2,30 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Peers.h"
 
-using bench::load;
-using bench::peer;
+using namespace bench;
 
 namespace {
 
 template <class T>
-Eigen::Quaternion<T> eigenTurn(const bench::EigenVector3<T>& e) {
+Eigen::Quaternion<T> eigenTurn(const EigenVector3<T>& e) {
     using Turn = Eigen::AngleAxis<T>;
-    using V = bench::EigenVector3<T>;
+    using V = EigenVector3<T>;
     return Turn(e[0], V::UnitX()) * Turn(e[1], V::UnitY()) * Turn(e[2], V::UnitZ());
 }
 
 template <class T>
 void addAll() {
-    const auto [angles, scales, points, times, inputs, others, turns] = bench::RotationsInputs<T>();
+    const auto [angles, scales, points, times, inputs, others, turns] = RotationsInputs<T>();
     const auto* const t = load<T>(times);
 
-    using E3 = bench::EigenVector3<T>;
+    using E3 = EigenVector3<T>;
     using E33 = Eigen::Matrix<T, 3, 3>;
     using EQ = Eigen::Quaternion<T>;
     const auto* const ee = load<E3>(angles);
     const auto* const ep = load<E3>(points);
-    const auto* const ea = load<EQ>(inputs, 4, bench::eigenQuaternion<T>);
-    const auto* const eb = load<EQ>(others, 4, bench::eigenQuaternion<T>);
-    const auto* const em = load<bench::EigenMatrix<T>>(turns);
+    const auto* const ea = load<EQ>(inputs, 4, eigenQuaternion<T>);
+    const auto* const eb = load<EQ>(others, 4, eigenQuaternion<T>);
+    const auto* const em = load<EigenMatrix<T>>(turns);
     KY_PEER(T, "Euler to matrix", Eigen, E33(eigenTurn<T>(ee[i]).toRotationMatrix()));
     KY_PEER(T, "matrix to Euler", Eigen,
             E3(em[i].template topLeftCorner<3, 3>().eulerAngles(0, 1, 2)));
@@ -36,14 +35,14 @@ void addAll() {
     KY_PEER(T, "quaternion to matrix", Eigen, E33(ea[i].toRotationMatrix()));
     KY_PEER(T, "matrix to quaternion", Eigen, EQ(em[i].template topLeftCorner<3, 3>()));
 
-    using G3 = bench::GlmVector3<T>;
-    using G44 = bench::GlmMatrix<T>;
+    using G3 = GlmVector3<T>;
+    using G44 = GlmMatrix<T>;
     using GQ = glm::qua<T>;
     const auto* const ge = load<G3>(angles);
     const auto* const gs = load<G3>(scales);
     const auto* const gp = load<G3>(points);
-    const auto* const ga = load<GQ>(inputs, 4, bench::glmQuaternion<T>);
-    const auto* const gb = load<GQ>(others, 4, bench::glmQuaternion<T>);
+    const auto* const ga = load<GQ>(inputs, 4, glmQuaternion<T>);
+    const auto* const gb = load<GQ>(others, 4, glmQuaternion<T>);
     const auto* const gm = load<G44>(turns);
     const auto glmMatrix = [](const G3& e) { return glm::eulerAngleXYZ(e.x, e.y, e.z); };
     KY_PEER(T, "Euler to matrix", GLM, glmMatrix(ge[i]));
@@ -55,7 +54,7 @@ void addAll() {
     peer<T>("compose and decompose", "GLM", [=](std::size_t i) {
         struct {
             G3 scale, rotation, translation, skew;
-            bench::GlmVector4<T> perspective;
+            GlmVector4<T> perspective;
         } r;
         GQ q;
         const G44 m = glm::scale(glm::translate(G44(1), gp[i]) * glmMatrix(ge[i]), gs[i]);
@@ -106,18 +105,18 @@ void addAll() {
     KY_PEER(T, "matrix to quaternion", Imath, Imath::extractQuat(im[i]));
 
     if constexpr (std::is_same_v<T, double>) {
-        const auto* const be = load<btVector3>(angles, 3, bench::bulletVector);
-        const auto* const bp = load<btVector3>(points, 3, bench::bulletVector);
-        const auto* const ba = load<btQuaternion>(inputs, 4, bench::bulletQuaternion);
-        const auto* const bb = load<btQuaternion>(others, 4, bench::bulletQuaternion);
-        const auto* const bm = load<btTransform>(turns, 16, bench::bulletTransform);
+        const auto* const be = load<btVector3>(angles, 3, bulletVector);
+        const auto* const bp = load<btVector3>(points, 3, bulletVector);
+        const auto* const ba = load<btQuaternion>(inputs, 4, bulletQuaternion);
+        const auto* const bb = load<btQuaternion>(others, 4, bulletQuaternion);
+        const auto* const bm = load<btTransform>(turns, 16, bulletTransform);
         peer<T>("Euler to matrix", "Bullet", [=](std::size_t i) {
             btMatrix3x3 m;
             m.setEulerZYX(be[i][0], be[i][1], be[i][2]);
             return m;
         });
         peer<T>("matrix to Euler", "Bullet", [=](std::size_t i) {
-            bench::Values<double, 3> r;
+            Values<double, 3> r;
             bm[i].getBasis().getEulerZYX(r.v[0], r.v[1], r.v[2]);
             return r;
         });
@@ -134,9 +133,9 @@ void addAll() {
 }
 
 void addRigid() {
-    const auto [inputs, others, angles] = bench::RigidInputs();
+    const auto [inputs, others, angles] = RigidInputs();
 
-    using Rigid = bench::EigenRigid<double>;
+    using Rigid = EigenRigid<double>;
     const auto* const ea = load<Rigid>(inputs);
     const auto* const eb = load<Rigid>(others);
     const auto* const ee = load<Eigen::Vector3d>(angles);
@@ -161,8 +160,8 @@ void addRigid() {
     KY_PEER(double, "Euler order change", Imath,
             Imath::V3d(Euler(Euler(ie[i], Euler::XYZ), Euler::ZYX)));
 
-    const auto* const ba = load<btTransform>(inputs, 16, bench::bulletTransform);
-    const auto* const bb = load<btTransform>(others, 16, bench::bulletTransform);
+    const auto* const ba = load<btTransform>(inputs, 16, bulletTransform);
+    const auto* const bb = load<btTransform>(others, 16, bulletTransform);
     KY_PEER(double, "rigid compound", Bullet, bb[i] * ba[i]);
     peer<double>("rigid compound chain", "Bullet",
                  [=, t = btTransform()](std::size_t i) mutable -> const btTransform& {

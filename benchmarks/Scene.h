@@ -24,8 +24,8 @@ inline std::vector<double> sceneBoxes() {
     return boxes;
 }
 
-/// The camera at the edge of the ground looks along x. What it sees of a point (x, y, z), with
-/// depth x - kEye[0]: near to far, and no further aside or up than kSpread times the depth.
+/// The camera is at the edge of the ground and looks along x. Its view has depths x - kEye[0] from
+/// near to far, and extends kSpread times the depth to each side, up and down.
 constexpr double kEye[] = {-20, 300, 30};
 constexpr double kNear = 1, kFar = 600, kSpread = 0.5;
 

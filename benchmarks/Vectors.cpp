@@ -4,9 +4,7 @@
 
 #include <KyMath/Vectors.h>
 
-using bench::load;
-using bench::ours;
-using bench::Values;
+using namespace bench;
 
 namespace {
 
@@ -14,18 +12,18 @@ template <class T>
 void addAll() {
     using V = KyMath::Vector3T<T>;
     using L = Values<T, 3>;
-    const auto [inputs, others] = bench::VectorsInputs<T>();
+    const auto [inputs, others] = VectorsInputs<T>();
     const V* const a = load<V>(inputs);
     const V* const b = load<V>(others);
     const L* const la = load<L>(inputs);
     const L* const lb = load<L>(others);
 
-    // A member that does nothing: what a call costs.
-    bench::add(bench::name<T>("call", "ours"), [=](std::size_t i) {
+    // The cost of a call: a member that does nothing.
+    add(name<T>("call", "ours"), [=](std::size_t i) {
         a[i].print(nullptr);
         return 0;
     });
-    bench::add(bench::name<T>("call", "limit"), [](std::size_t) { return 0; });
+    add(name<T>("call", "limit"), [](std::size_t) { return 0; });
 
     KY_OURS(T, "component access", a[i].y(), la[i].v[1]);
 

@@ -2,15 +2,15 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Peers.h"
 
-using bench::load;
+using namespace bench;
 
 namespace {
 
 template <class T>
 void addAll() {
-    const auto [inputs, others] = bench::VectorsInputs<T>();
+    const auto [inputs, others] = VectorsInputs<T>();
 
-    using E = bench::EigenVector3<T>;
+    using E = EigenVector3<T>;
     const E* const ea = load<E>(inputs);
     const E* const eb = load<E>(others);
     KY_PEER(T, "component access", Eigen, T(ea[i].y()));
@@ -18,7 +18,7 @@ void addAll() {
     KY_PEER(T, "cross", Eigen, E(ea[i].cross(eb[i])));
     KY_PEER(T, "normalise", Eigen, E(ea[i].normalized()));
 
-    using G = bench::GlmVector3<T>;
+    using G = GlmVector3<T>;
     const G* const ga = load<G>(inputs);
     const G* const gb = load<G>(others);
     KY_PEER(T, "component access", GLM, T(ga[i].y));
@@ -35,8 +35,8 @@ void addAll() {
     KY_PEER(T, "normalise", Imath, ia[i].normalized());
 
     if constexpr (std::is_same_v<T, double>) {
-        const auto* const ba = load<btVector3>(inputs, 3, bench::bulletVector);
-        const auto* const bb = load<btVector3>(others, 3, bench::bulletVector);
+        const auto* const ba = load<btVector3>(inputs, 3, bulletVector);
+        const auto* const bb = load<btVector3>(others, 3, bulletVector);
         KY_PEER(T, "component access", Bullet, T(ba[i].y()));
         KY_PEER(T, "dot", Bullet, ba[i].dot(bb[i]));
         KY_PEER(T, "cross", Bullet, ba[i].cross(bb[i]));

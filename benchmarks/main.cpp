@@ -6,7 +6,7 @@
 
 namespace {
 
-/// To where it runs now: a move to another core would cost its caches.
+/// Pins the process to its current core, because a move to another one would cost its caches.
 void stayOnThisCore() {
     cpu_set_t set;
     CPU_ZERO(&set);

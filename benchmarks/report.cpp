@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The KyMath authors
 // SPDX-License-Identifier: Apache-2.0
 //
-// benchmark_report GOALS SHARED STATIC SVG: reads the goals and, for either variant, what the
-// benchmarks wrote as CSV with the medians of repetitions; prints a table and draws a chart.
+// benchmark_report GOALS SHARED STATIC SVG: reads the goals and the CSV output of the benchmarks
+// for both variants, with medians of repetitions; prints tables and draws a chart.
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
@@ -16,20 +16,19 @@
 
 namespace {
 
-/// Nanoseconds by "OPERATION/TYPE" and by who took them.
+/// Nanoseconds by "OPERATION/TYPE" and by library.
 using Times = std::map<std::string, std::map<std::string, double>>;
 
-/// Either variant; [0] is the shared library.
 struct Goal {
     std::string operation;
     char type;
-    std::string most[2];
+    std::string most[2];  // with the shared library, with the archive
 };
 
 struct Row {
     std::string operation, peer;
     char type = 'd';
-    double ours = 0, best = 0, limit = 0, ratio = 0, goal = 0, toLimit = 0;  // 0: there is none
+    double ours = 0, best = 0, limit = 0, ratio = 0, goal = 0, toLimit = 0;  // 0 for none
 };
 
 constexpr double kMostOfLimit = 1.10;
@@ -110,7 +109,7 @@ std::string number(double x) {
     return x > 0 ? text : "";
 }
 const char* holds(double x, double most) {
-    return x <= 0 || most <= 0 ? "" : x < most + 0.005 ? "yes" : "no";  // as printed
+    return x <= 0 || most <= 0 ? "" : x < most + 0.005 ? "yes" : "no";  // as rounded in the table
 }
 
 void printTable(const char* title, const std::vector<Row>& rows) {
@@ -136,7 +135,7 @@ void printTable(const char* title, const std::vector<Row>& rows) {
                 goals[0] + goals[1], goals[1], limits[1], limits[0] + limits[1], kMostOfLimit);
 }
 
-/// Bars of the ratios to the best peer: the shared library above, the archive below.
+/// Draws the ratios to the best peer as bars: the shared library above, the archive below.
 void draw(const char* path, const std::vector<Row> (&variants)[2]) {
     constexpr int kLeft = 260, kUnit = 250, kLine = 20, kTop = 50;
     constexpr double kMost = 2.2;
@@ -170,7 +169,7 @@ void draw(const char* path, const std::vector<Row> (&variants)[2]) {
     svg << "<svg xmlns='http://www.w3.org/2000/svg' width='" << kLeft + int(kUnit * kMost) + 90
         << "' height='" << y + 10 << "' font-family='sans-serif' font-size='12'>\n"
         << "<rect width='100%' height='100%' fill='white'/>\n"
-        << "<text x='" << kLeft << "' y='18'>Time over that of the fastest peer (1.00), less is "
+        << "<text x='" << kLeft << "' y='18'>Time relative to the fastest peer (1.00), lower is "
         << "better; goals in black</text>\n"
         << "<text x='" << kLeft << "' y='36'><tspan fill='#3b6ea5'>shared library</tspan>, "
         << "<tspan fill='#b07810'>archive optimised at link time</tspan></text>\n"
@@ -192,7 +191,8 @@ int main(int argc, char** argv) {
         const std::vector<Row> variants[] = {compare(goals, readTimes(argv[2]), true),
                                              compare(goals, readTimes(argv[3]), false)};
         printTable(
-            "Shared library: nanoseconds per item; the limit's ratio is to limit and one call",
+            "Shared library: nanoseconds per item; \"to limit\" is the ratio to the limit plus one "
+            "call",
             variants[0]);
         printTable("Archive with link-time optimisation: nanoseconds per item", variants[1]);
         draw(argv[4], variants);
