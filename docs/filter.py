@@ -20,6 +20,11 @@ def pieces(text):
     return re.split(r"^(```.*?^```)$", text, flags=re.M | re.S)
 
 
+def name(path):
+    """What Doxygen knows a page by."""
+    return "index" if path.resolve() == pathlib.Path("README.md").resolve() else path.stem
+
+
 def link(page, match):
     text, target = match.groups()
     path, _, anchor = target.partition("#")
@@ -28,7 +33,7 @@ def link(page, match):
     if anchor:
         return f"[{text}](#{pathlib.Path(path or page).stem}-{anchor})"
     if path.endswith(".md"):
-        return match[0]
+        return f"[{text}](@ref {name(page.parent / path)})"
     return f'<a href="{pathlib.Path(path).name}">{text}</a>'
 
 
@@ -41,17 +46,47 @@ def page(path):
         return re.sub(r"^(#+) (.*)$", heading, text, flags=re.M)
 
     def heading(match):
-        if match[1] != "#":
-            return f"{match[0]} {{#{path.stem}-{slug(match[2])}}}"
-        return f"# %{match[2]} {{#{'mainpage' if path.samefile('README.md') else path.stem}}}"
+        anchor = f"{path.stem}-{slug(match[2])}"
+        if match[1] == "#":
+            return f"# {match[2]} {{#{'mainpage' if first else path.stem}}}"
+        if first:  # whose sections would come first in the tree
+            return f"@anchor {anchor}\n<h{len(match[1])}>{match[2]}</h{len(match[1])}>"
+        return f"{match[0]} {{#{anchor}}}"
 
+    first = name(path) == "index"
     text = re.sub(r"\A<!--.*?-->\n", "", path.read_text(), flags=re.S)
     return "".join(t if t.startswith("```") else prose(t) for t in pieces(text))
 
 
+FAMILIES = {
+    "Vectors": "Vector2 Vector3 Vector4 Vector6",
+    "Rotations": "Quaternion KyEulerAngles",
+    "Matrices and transforms": "Matrix Transformation KyTransform",
+    "Bounds and lines": "BoundingBox BoundingSphere Plane Polytope Frustum Lines",
+    "Curves": "Curves",
+    "Arrays": "Batch",
+    "Tolerances": "Tolerance",
+}
+DELETED = r"(^ *///(?! ?@).*\n)*(^ *template <.*>\n)?^ *(?=[^/\s])[^;{}]*= delete;.*\n(^ *///<.*\n)*"
+
+
+def family(header):
+    """What Doxygen knows the family of a header by; of names alone, none."""
+    families = [slug(title) for title, headers in FAMILIES.items() if header in headers.split()]
+    if not families and header not in ("Export", "Forward", "KyReal"):
+        sys.exit(f"docs/filter.py: to which family does {header}.h belong?")
+    return families
+
+
 def header(path):
     text = re.sub(r"^template <>\nconst .*\n", "", path.read_text(), flags=re.M)
-    text = text.replace(", typename internal::NotAQuaternion<U>::type = 0", "")
+    text = re.sub(DELETED, "", text, flags=re.M)
+    if path.stem == "KyMath":
+        return text + "".join(f"/// @defgroup {slug(title)} {title}\n" for title in FAMILIES)
+    for group in family(path.stem) if "namespace" in text else ():
+        begin, end = f"\n/// @addtogroup {group}\n/// @{{\n", "\n/// @}\n"
+        text = re.sub(r"^namespace (Ky|KyMath) {$", rf"\g<0>{begin}", text, flags=re.M)
+        text = re.sub(r"^}  // namespace (Ky|KyMath)$", rf"{end}\g<0>", text, flags=re.M)
     return text.replace(" . ", " \u00b7 ")  # a dot product, not the end of a sentence
 
 
