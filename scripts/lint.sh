@@ -9,7 +9,7 @@
 takes --fix "$@"
 
 prepare library examples peers tests benchmarks clang lint
-mapfile -t sources < <(find include src examples tests benchmarks -name '*.h' -o -name '*.cpp' -o -name '*.inc')
+mapfile -t sources < <(find include src examples tests benchmarks python -name '*.h' -o -name '*.cpp' -o -name '*.inc')
 if [[ ${1:-} == --fix ]]; then
     clang-format -i "${sources[@]}"
     exit

@@ -3,16 +3,20 @@
 # SPDX-License-Identifier: Apache-2.0
 #
 # test.sh [PRESET...]: installs what is missing, builds everything and runs the tests, for each of the
-# presets of CMakePresets.json that are named. By default: release.
+# presets of CMakePresets.json that are named. By default: release,
+# with the Python module.
 . "$(dirname "$(readlink -f "$0")")/common.sh"
 takes 'release|clang|debug|develop|asan|tsan|msan' "$@"
 (($#)) || set -- release
 
 [[ " $* " =~ \ (clang|msan)\  ]] && clang=clang || clang=
-prepare library examples peers tests $clang
+[[ " $* " == *" release "* ]] && python=python || python=
+prepare library examples peers tests $clang $python
 for preset in "$@"; do
     echo "== $preset: building"
-    configure "$preset"
+    module=
+    [[ $preset == release ]] && module="-DKYMATH_PYTHON=ON -DPython3_EXECUTABLE=/usr/bin/python3"
+    configure "$preset" $module
     cmake --build --preset "$preset"
     echo "== $preset: testing"
     ctest --preset "$preset" -j "$(nproc)"
