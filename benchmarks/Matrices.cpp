@@ -11,53 +11,56 @@ using namespace bench;
 
 namespace {
 
-/// m times (x, y, z, w), with a lane for each row.
+/// m times (v, w), with a lane for each row.
 template <class T>
-inline void multiply(const M<T>& m, T x, T y, T z, T w, T* result) {
+inline void multiply(const M<T>& m, const T* v, T w, T* result) {
     typename Lanes<T>::Type a, b, c, d;
     std::memcpy(&a, m.v, sizeof a);
     std::memcpy(&b, m.v + 4, sizeof b);
     std::memcpy(&c, m.v + 8, sizeof c);
     std::memcpy(&d, m.v + 12, sizeof d);
-    a = a * x + b * y + c * z + d * w;
+    a = a * v[0] + b * v[1] + c * v[2] + d * w;
     std::memcpy(result, &a, sizeof a);
 }
 
 template <class T>
 M<T> product(const M<T>& a, const M<T>& b) {
     M<T> m;
-    for (int c = 0; c < 16; c += 4) {
-        multiply(a, b.v[c], b.v[c + 1], b.v[c + 2], b.v[c + 3], m.v + c);
-    }
+    for (int c = 0; c < 16; c += 4) multiply(a, b.v + c, b.v[c + 3], m.v + c);
     return m;
 }
 
 template <class T>
-Values<T, 4> byVector(const M<T>& m, T x, T y, T z, T w) {
+Values<T, 4> byVector(const M<T>& m, const T* v, T w) {
     Values<T, 4> p;
-    multiply(m, x, y, z, w, p.v);
+    multiply(m, v, w, p.v);
     return p;
+}
+
+template <class T>
+V<T> divided(const Values<T, 4>& h) {
+    return {h.v[0] / h.v[3], h.v[1] / h.v[3], h.v[2] / h.v[3]};
 }
 
 /// Column c of the adjugate holds minors of the rows other than c; lane k holds the one without
 /// column k.
 template <class T>
 M<T> inverse(const M<T>& m) {
-    using V = typename Lanes<T>::Type;
-    const V signs = {1, -1, 1, -1};
-    V x[4], y[4],
-        z[4];  // for each row, its values in the first, second, third of the other columns
+    using Vector = typename Lanes<T>::Type;
+    const Vector signs = {1, -1, 1, -1};
+    // For each row, its values in the first, second and third of the other columns.
+    Vector x[4], y[4], z[4];
     for (int r = 0; r < 4; ++r) {
         const T* const p = m.v + r;
-        x[r] = V{p[4], p[0], p[0], p[0]};
-        y[r] = V{p[8], p[8], p[4], p[4]};
-        z[r] = V{p[12], p[12], p[12], p[8]};
+        x[r] = Vector{p[4], p[0], p[0], p[0]};
+        y[r] = Vector{p[8], p[8], p[4], p[4]};
+        z[r] = Vector{p[12], p[12], p[12], p[8]};
     }
     M<T> n;
     for (int c = 0; c < 4; ++c) {
         const auto& [i, j, k] = kOthers[c];
-        V minors = x[i] * y[j] * z[k] + x[j] * y[k] * z[i] + x[k] * y[i] * z[j] -
-                   z[i] * y[j] * x[k] - z[k] * x[j] * y[i] - z[j] * x[i] * y[k];
+        Vector minors = x[i] * y[j] * z[k] + x[j] * y[k] * z[i] + x[k] * y[i] * z[j] -
+                        z[i] * y[j] * x[k] - z[k] * x[j] * y[i] - z[j] * x[i] * y[k];
         minors *= c % 2 == 0 ? signs : -signs;
         std::memcpy(n.v + 4 * c, &minors, sizeof minors);
     }
@@ -94,23 +97,13 @@ void addAll() {
     const auto* const lb = load<M<T>>(others);
     const auto* const lt = load<M<T>>(rigid);
     const auto* const lp = load<Values<T, 4>>(points);
-    const auto* const lp3 = load<Values<T, 3>>(points);
+    const auto* const lp3 = load<V<T>>(points);
 
     KY_OURS(T, "matrix product", Matrix::multiply(a[i], b[i]), product(la[i], lb[i]));
-    ours<T>(
-        "matrix by vector", [=](std::size_t i) { return Matrix::multiplyWithVector(a[i], p[i]); },
-        [=](std::size_t i) {
-            const T* const v = lp[i].v;
-            return byVector(la[i], v[0], v[1], v[2], v[3]);
-        });
-    ours<T>(
-        "point with divide",
-        [=](std::size_t i) { return KyMath::Transformation::transformPositionT(a[i], p3[i]); },
-        [=](std::size_t i) {
-            const T* const v = lp3[i].v;
-            const Values<T, 4> h = byVector(la[i], v[0], v[1], v[2], T(1));
-            return Values<T, 3>{h.v[0] / h.v[3], h.v[1] / h.v[3], h.v[2] / h.v[3]};
-        });
+    KY_OURS(T, "matrix by vector", Matrix::multiplyWithVector(a[i], p[i]),
+            byVector(la[i], lp[i].v, lp[i].v[3]));
+    KY_OURS(T, "point with divide", KyMath::Transformation::transformPositionT(a[i], p3[i]),
+            divided(byVector(la[i], lp3[i].v, T(1))));
     KY_OURS(T, "general inverse", a[i].inverse(), inverse(la[i]));
     KY_OURS(T, "rigid inverse", t[i].inverse_orthogonal(), rigidInverse(lt[i]));
     KY_OURS(T, "determinant", a[i].determinant(), determinant(la[i]));

@@ -51,9 +51,9 @@ V<T> matrixToEuler(const M<T>& m) {
 }
 
 /// What decomposeT() writes.
-template <class T>
+template <class T, class Vector = V<T>>
 struct Parts {
-    V<T> scale, rotation, translation;
+    Vector scale, rotation, translation;
     T sign;
 };
 
@@ -248,10 +248,7 @@ void addAll() {
     ours<T>(
         "compose and decompose",
         [=](std::size_t i) {
-            struct {
-                Vector scale, rotation, translation;
-                T sign;
-            } r;
+            Parts<T, Vector> r;
             Transformation::decomposeT(Transformation::composeT(s[i], e[i], p[i], T(1)), r.scale,
                                        r.rotation, r.translation, r.sign);
             return r;
