@@ -21,6 +21,33 @@ namespace KyMath {
 namespace test {
 
 using Scalars = ::testing::Types<float, double>;
+using Vectors = ::testing::Types<Vector2f, Vector2d, Vector3f, Vector3d, Vector4f, Vector4d>;
+
+/// A suite whose tests run for float and for double; the body of a test is a function template of
+/// T.
+#define KY_SUITE(Suite)                      \
+    template <class T>                       \
+    class Suite : public ::testing::Test {}; \
+    TYPED_TEST_SUITE(Suite, Scalars, )
+#define KY_TEST(Suite, Name)      \
+    template <class T>            \
+    void Suite##Name();           \
+    TYPED_TEST(Suite, Name) {     \
+        Suite##Name<TypeParam>(); \
+    }                             \
+    template <class T>            \
+    void Suite##Name()
+
+template <class T>
+using Vec = Vector3T<T>;
+template <class T>
+using Vec4 = Vector4T<T>;
+template <class T>
+using Mat = Matrix44T<T>;
+template <class T>
+using Quat = QuaternionT<T>;
+template <class T>
+using Box = BoundingBoxT<T>;
 
 template <class T>
 constexpr T kNaN = std::numeric_limits<T>::quiet_NaN();
@@ -102,18 +129,14 @@ bool sameBits(T a, T b) {
     return std::memcmp(&a, &b, sizeof a) == 0;
 }
 
-inline ::testing::AssertionResult sameScalar(const char* ea, const char* eb, float a, float b) {
-    if (sameBits(a, b)) return ::testing::AssertionSuccess();
-    std::ostringstream s;
-    s << std::hexfloat << a << " is not " << b;
-    return ::testing::AssertionFailure() << ea << " against " << eb << ": " << s.str();
-}
-inline ::testing::AssertionResult sameScalar(const char* ea, const char* eb, double a, double b) {
+template <class T>
+::testing::AssertionResult sameScalar(const char* ea, const char* eb, T a, T b) {
     if (sameBits(a, b)) return ::testing::AssertionSuccess();
     std::ostringstream s;
     s.precision(17);
-    s << a << " is not " << b << std::hexfloat << " (" << a << ", " << b << ")";
-    return ::testing::AssertionFailure() << ea << " against " << eb << ": " << s.str();
+    s << ea << " is " << a << ", " << eb << " is " << b;
+    s << std::hexfloat << " (" << a << ", " << b << ")";
+    return ::testing::AssertionFailure() << s.str();
 }
 
 template <template <class> class V, class T>
@@ -137,7 +160,7 @@ template <class T>
 ::testing::AssertionResult sameAny(const char* ea, const char* eb, const PlaneT<T>& a,
                                    const PlaneT<T>& b) {
     if (a.upperBBCorner() != b.upperBBCorner() || a.lowerBBCorner() != b.lowerBBCorner()) {
-        return ::testing::AssertionFailure() << "corners of " << ea << " against " << eb;
+        return ::testing::AssertionFailure() << "corners of " << ea << " and " << eb;
     }
     return sameAny(ea, eb, a.getAsVector4(), b.getAsVector4());
 }

@@ -15,8 +15,11 @@ void expectGrown(const BoundingSphere& moved, const BoundingSphere& fixed, const
     EXPECT_BITS(moved, a);
     EXPECT_BITS(fixed, b);
 }
+BoundingSphere at(double x, double radius) {
+    return BoundingSphere(Vector3d(x, 2, 3), radius);
+}
 
-TEST(BoundingSphereTest, IsEmptyByDefaultAndValidFromRadiusZeroOn) {
+TEST(BoundingSphereTest, IsValidFromRadiusZeroOn) {
     EXPECT_BITS(BoundingSphere(Vector3d(), -1), BoundingSphere());
     const double step = std::numeric_limits<double>::denorm_min();
     for (double r : {0.0, -0.0, step, 1.0, -1.0, -step, kNaN<double>}) {
@@ -24,11 +27,7 @@ TEST(BoundingSphereTest, IsEmptyByDefaultAndValidFromRadiusZeroOn) {
     }
 }
 
-BoundingSphere at(double x, double radius) {
-    return BoundingSphere(Vector3d(x, 2, 3), radius);
-}
-
-TEST(BoundingSphereTest, GrowsByAPointStrictlyOutsideAndBecomesTheFirst) {
+TEST(BoundingSphereTest, GrowsByAPointStrictlyOutside) {
     const Vector3d p(6, 2, 3);
     for (const double r : {-1.0, -0.5, kNaN<double>}) expectGrown(at(6, 0), at(6, 0), at(1, r), p);
     expectGrown(at(2, 4), at(1, 5), at(1, 3), p);
@@ -38,29 +37,28 @@ TEST(BoundingSphereTest, GrowsByAPointStrictlyOutsideAndBecomesTheFirst) {
     EXPECT_BITS(at(1, 5), s);
 }
 
-TEST(BoundingSphereTest, GrowsByASphereAndKeepsTheLargerIfItHoldsTheOther) {
-    const BoundingSphere none = at(9, -1), nan = at(9, kNaN<double>);
-    for (const BoundingSphere& empty : {none, nan}) {
+TEST(BoundingSphereTest, EmptySpheresChangeNothing) {
+    for (const BoundingSphere& empty : {at(9, -1), at(9, kNaN<double>)}) {
         expectGrown(at(1, 2), at(1, 2), at(1, 2), empty);
         expectGrown(at(1, 2), at(1, 2), empty, at(1, 2));
         expectGrown(empty, empty, empty, BoundingSphere());
     }
+}
+
+TEST(BoundingSphereTest, KeepsTheSphereThatHoldsTheOther) {
     expectGrown(at(3, 5), at(1, 7), at(1, 3), at(6, 2));
     // Touching from inside: the outer sphere stays or is copied, to the last bit.
     expectGrown(at(1, 5), at(1, 5), at(1, 5), at(4, 2));
     expectGrown(at(1, 5), at(4, 8), at(4, 2), at(1, 5));
-}
-
-TEST(BoundingSphereTest, ATieOfConcentricSpheresKeepsThisOne) {
-    const Vector3d plus, minus(-0.0, -0.0, -0.0);  // tells which of the centres is kept
+    const Vector3d minus(-0.0, -0.0, -0.0);  // says which of two equal centres is kept
     for (double r : {-0.0, 2.0}) {
-        const BoundingSphere s(plus, r);
+        const BoundingSphere s(Vector3d(), r);
         expectGrown(s, s, s, minus);
         expectGrown(s, s, s, BoundingSphere(minus, std::abs(r)));
     }
 }
 
-TEST(BoundingSphereTest, GrowsByABoxToItsCornersAndIgnoresAnInvalidOne) {
+TEST(BoundingSphereTest, GrowsByABoxToItsCorners) {
     const BoundingBoxd box(-1, -2, -2, 3, 2, 2);
     const BoundingSphere around(Vector3d(1, 0, 0), std::sqrt(12.0));
     expectGrown(around, around, BoundingSphere(), box);
@@ -69,8 +67,7 @@ TEST(BoundingSphereTest, GrowsByABoxToItsCornersAndIgnoresAnInvalidOne) {
     s.expandRadiusBy(box);
     EXPECT_BITS(around, s);
     for (const double x : {below(-1.0), kNaN<double>}) {
-        BoundingBoxd invalid = box;
-        invalid.getMax()[0] = x;
+        const BoundingBoxd invalid(-1, -2, -2, x, 2, 2);
         expectGrown(at(1, 2), at(1, 2), at(1, 2), invalid);
     }
 }

@@ -21,8 +21,8 @@ TEST(FrustumTest, PlanesPointInwardsAtUnitLength) {
     }
 }
 
-// Deliberate: one element tells a perspective, and only at exactly -1.
-TEST(FrustumTest, NearPlaneIsAtClipZeroOnlyForAnElementOfExactlyMinusOne) {
+// Deliberate: a perspective has exactly -1 in one element.
+TEST(FrustumTest, NearPlaneIsAtClipZeroForPerspectives) {
     for (float e : {-1.0f, above(-1.0f), below(-1.0f), -0.5f, 1.0f, kNaN<float>}) {
         const Matrix44f projection(1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 4, e, 0, 0, 8, 0);
         Frustum f;
@@ -33,7 +33,7 @@ TEST(FrustumTest, NearPlaneIsAtClipZeroOnlyForAnElementOfExactlyMinusOne) {
     }
 }
 
-TEST(WorldSpaceSegmentTest, RunsFromDepthOneToDepthZeroWithTrueDivisionsOfWhateverW) {
+TEST(WorldSpaceSegmentTest, RunsFromDepthOneToDepthZero) {
     const Matrix44f m(1, 0, 0, 0, 0, 1, 0, 0, 3, 5, 7, 4, 0, 0, 0, 3);
     const Vector3f one(5 / 7.0f, 9 / 7.0f, 7 / 7.0f), zero(2 / 3.0f, 4 / 3.0f, 0);
     Vector3f p(2, 4, 9), q = p, first, second;  // either output may be the point

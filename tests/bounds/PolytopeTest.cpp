@@ -36,7 +36,7 @@ void expectContains(bool in, unsigned int mask, Polytope& p, const BoundingBoxd&
 }
 
 // Deliberate: the stack is read at its top only, so whoever rebuilds often has to pop.
-TEST(PolytopeTest, EveryChangeOfThePlanesPushesAFullMaskOnTopOfTheOldOnes) {
+TEST(PolytopeTest, EveryChangePushesAFullMask) {
     const Planes two = {Planed(1, 2, 3, 4), Planed(-5, 6, -7, 8)};
     Polytope p(Planes(5, Planed(1, 0, 0, 7)));
     expectState(0x1F, {0x1F}, p);
@@ -56,7 +56,7 @@ TEST(PolytopeTest, EveryChangeOfThePlanesPushesAFullMaskOnTopOfTheOldOnes) {
     expectContains(true, 0x3F, p, kFarAway);
 }
 
-TEST(PolytopeTest, ListConstructorAndAddRefreshTheCornersOfEachPlane) {
+TEST(PolytopeTest, NewPlanesHaveFreshCorners) {
     Polytope added;
     added.add(Planed());  // both corners of a default plane are 0
     expectPlanes({Planed(0, 0, 0, 0)}, added);
@@ -95,7 +95,7 @@ TEST(PolytopeTest, CornersDoNotDependOnCapacity) {
     }
 }
 
-TEST(PolytopeTest, BoundingBoxGivesSixInwardPlanesInOrder) {
+TEST(PolytopeTest, BoxGivesSixInwardPlanesInOrder) {
     Polytope p(Planes(9, Planed(1, 2, 3, 4)));
     p.setToBoundingBox(BoundingBoxd(0, 2, 3, -4, 5, 6));
     expectPlanes({Planed(1, 0, 0, -0.0), Planed(-1, 0, 0, -4), Planed(0, 1, 0, -2),
@@ -103,7 +103,7 @@ TEST(PolytopeTest, BoundingBoxGivesSixInwardPlanesInOrder) {
                  p);
 }
 
-TEST(PolytopeTest, TestsOnlyThePlanesInTheTopMaskAndLeavesThoseStraddled) {
+TEST(PolytopeTest, TestsThePlanesOfTheTopMask) {
     Polytope p = unitPolytope();
     expectContains(true, 0x22, p, {0.5, 0.5, 0.5, 2, 0.75, 2});  // x < 1 and z < 1
     p.pushCurrentMask();
@@ -121,7 +121,7 @@ TEST(PolytopeTest, TestsOnlyThePlanesInTheTopMaskAndLeavesThoseStraddled) {
 }
 
 // Deliberate: a mask has 32 bits, and planes beyond them count as satisfied.
-TEST(PolytopeTest, PlanesFromTheThirtyThirdOnAreKeptButNeverTested) {
+TEST(PolytopeTest, PlanesBeyondThirtyTwoAreNeverTested) {
     for (std::size_t count : {31u, 32u, 33u, 40u, 70u}) {
         Polytope p(Planes(count - 1, Planed(1, 0, 0, -0.5)));  // kInside straddles these
         p.add(Planed(1, 0, 0, -5));                            // and lies outside this one
@@ -134,7 +134,7 @@ TEST(PolytopeTest, PlanesFromTheThirtyThirdOnAreKeptButNeverTested) {
 }
 
 // Deliberate: transform() takes the rigid inverse first, whatever the matrix.
-TEST(PolytopeTest, TransformInvertsAsRigidAndLeavesTheMasks) {
+TEST(PolytopeTest, TransformInvertsAsRigid) {
     const Matrix44d quarter(0, 1, 0, 0, -1, 0, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1);
     for (const bool invert : {false, true}) {
         Polytope p = unitPolytope();

@@ -7,13 +7,10 @@
 namespace KyMath::test {
 namespace {
 
-template <class T>
-class FormulasTest : public ::testing::Test {};
-TYPED_TEST_SUITE(FormulasTest, Scalars, );
+KY_SUITE(FormulasTest);
 
 template <class V>
 class VectorFormulasTest : public ::testing::Test {};
-using Vectors = ::testing::Types<Vector2f, Vector2d, Vector3f, Vector3d, Vector4f, Vector4d>;
 TYPED_TEST_SUITE(VectorFormulasTest, Vectors, );
 
 TYPED_TEST(VectorFormulasTest, Arithmetic) {
@@ -37,8 +34,7 @@ TYPED_TEST(VectorFormulasTest, Arithmetic) {
     EXPECT_BITS(T(5), five.length());
 }
 
-TYPED_TEST(FormulasTest, Vector2) {
-    using T = TypeParam;
+KY_TEST(FormulasTest, Vector2) {
     using V = Vector2T<T>;
     V a(1, 2);
     EXPECT_BITS(T(11), a.dot(V(3, 4)));
@@ -51,8 +47,7 @@ TYPED_TEST(FormulasTest, Vector2) {
     EXPECT_BITS(V(7, 8), a);
 }
 
-TYPED_TEST(FormulasTest, Vector3) {
-    using T = TypeParam;
+KY_TEST(FormulasTest, Vector3) {
     using V = Vector3T<T>;
     const V a(1, 2, 3), b(4, 5, 6);
     EXPECT_BITS(T(32), a * b);
@@ -74,8 +69,7 @@ TYPED_TEST(FormulasTest, Vector3) {
     EXPECT_EQ(1, V(1, 0, 0).isFinite() - V(0, 0, 1).isZero());
 }
 
-TYPED_TEST(FormulasTest, Vector4) {
-    using T = TypeParam;
+KY_TEST(FormulasTest, Vector4) {
     using V = Vector4T<T>;
     const V a(1, 2, 3, 4);
     EXPECT_BITS(T(70), a * V(5, 6, 7, 8));
@@ -106,8 +100,7 @@ TEST(Vector6FormulasTest, Arithmetic) {
     EXPECT_BITS(30.0, v.norm());
 }
 
-TYPED_TEST(FormulasTest, Matrix) {
-    using T = TypeParam;
+KY_TEST(FormulasTest, Matrix) {
     using M = Matrix44T<T>;
     using V = Vector4T<T>;
     const M a(1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16);
@@ -128,8 +121,7 @@ TYPED_TEST(FormulasTest, Matrix) {
     EXPECT_BITS(M(), M::kIdentity);
 }
 
-TYPED_TEST(FormulasTest, Quaternion) {
-    using T = TypeParam;
+KY_TEST(FormulasTest, Quaternion) {
     using Q = QuaternionT<T>;
     using V = Vector3T<T>;
     const Q p(1, 2, 3, 4), q(5, 6, 7, 8);
@@ -146,8 +138,7 @@ TYPED_TEST(FormulasTest, Quaternion) {
 }
 
 // Each matrix takes its point to where it must.
-TYPED_TEST(FormulasTest, Transformations) {
-    using T = TypeParam;
+KY_TEST(FormulasTest, Transformations) {
     using V = Vector3T<T>;
     using namespace Transformation;
     const V a(1, 2, 3), b(4, 5, 6), c(7, 8, 9), up(0, 0, 1), ahead(1, 7, 3);
@@ -190,8 +181,7 @@ TYPED_TEST(FormulasTest, Transformations) {
                 linearVelocityT(createTranslationT(a), createTranslationT(a * 3), T(2)));
 }
 
-TYPED_TEST(FormulasTest, BoundingBox) {
-    using T = TypeParam;
+KY_TEST(FormulasTest, BoundingBox) {
     using Box = BoundingBoxT<T>;
     const Box box(1, 2, 3, 5, 8, 11);
     EXPECT_BITS(Vector3T<T>(3, 5, 7), box.center());

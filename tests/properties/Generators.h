@@ -33,14 +33,7 @@ void showValue(const V<T>& v, std::ostream& os) {
 namespace test {
 
 using KyMath::showValue;
-template <class T>
-using Vec = Vector3T<T>;
-template <class T>
-using Mat = Matrix44T<T>;
-template <class T>
-using Quat = QuaternionT<T>;  // generated at unit length
-template <class T>
-using Box = BoundingBoxT<T>;  // generated valid
+// Quaternions are generated at unit length, boxes valid.
 
 /// Scale by 1/8 to 8, then a rotation, then a translation.
 template <class T>

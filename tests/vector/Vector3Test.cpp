@@ -5,8 +5,7 @@
 // three-component one. Their == and areEqualTol are in ToleranceTest.cpp.
 #include "Support.h"
 
-namespace KyMath {
-namespace test {
+namespace KyMath::test {
 namespace {
 
 static_assert(kRefuses<Vector3f, int, std::nullptr_t, Vector3d, Quaternionf>);
@@ -18,33 +17,34 @@ static_assert(!IsStreamable<Vector4f>::value && !IsStreamable<Vector4d>::value);
 
 template <class V>
 class VectorFamilyTest : public ::testing::Test {};
-using Vectors = ::testing::Types<Vector2f, Vector2d, Vector3f, Vector3d, Vector4f, Vector4d>;
 TYPED_TEST_SUITE(VectorFamilyTest, Vectors, );
+
+template <class V>
+V ends(ScalarOf<V> first, ScalarOf<V> last) {
+    return each<V>([&](int i) { return i == 0 ? first : i == kCount<V> - 1 ? last : 0; });
+}
 
 // Deliberate: an order of lengths, in which different vectors can be alike.
 TYPED_TEST(VectorFamilyTest, OrderingComparesSquaredLengths) {
     using V = TypeParam;
     using T = ScalarOf<V>;
-    V a, b;
-    a[0] = -4, b[kCount<V> - 1] = 4;
-    EXPECT_FALSE(a < b || b < a || a > b || b > a);
     // The length of 1 and sqrt(eps) rounds to 1, but its square is above 1.
-    a[0] = b[0] = 1, b[kCount<V> - 1] = std::sqrt(kEps<T>);
+    const V a = ends<V>(1, 0), b = ends<V>(1, std::sqrt(kEps<T>));
     EXPECT_EQ(a.norm(), b.norm());
-    EXPECT_TRUE(a < b && b > a && !(b < a) && !(a > b));
-    b[0] = kNaN<T>;
-    EXPECT_FALSE(a < b || b < a || a > b || b > a);
+    EXPECT_TRUE(a < b);
+    EXPECT_TRUE(b > a);
+    for (const V& v : {ends<V>(0, -1), ends<V>(kNaN<T>, 0)}) {
+        EXPECT_FALSE(a < v);
+        EXPECT_FALSE(v < a);
+        EXPECT_FALSE(a > v);
+        EXPECT_FALSE(v > a);
+    }
 }
 
-TYPED_TEST(VectorFamilyTest, NormalizeWantsAPositiveSquareOrALengthAboveTheTolerance) {
+TYPED_TEST(VectorFamilyTest, NormalizeNeedsALengthAboveTheTolerance) {
     using V = TypeParam;
     using T = ScalarOf<V>;
-    const auto along = [](T x, T y) {
-        V v;
-        v[0] = x, v[kCount<V> - 1] = y;
-        return v;
-    };
-    const V five = along(3, -4), unit = along(3 * (1 / T(5)), -4 * (1 / T(5)));
+    const V five = ends<V>(3, -4), unit = ends<V>(3 * (1 / T(5)), -4 * (1 / T(5)));
     EXPECT_BITS(unit, after(five, [](V& v) { v.normalize(); }));
     for (const T tol : {T(5), below(T(5)), above(T(5)), T(-1), kNaN<T>}) {
         V v = five;
@@ -53,43 +53,45 @@ TYPED_TEST(VectorFamilyTest, NormalizeWantsAPositiveSquareOrALengthAboveTheToler
         EXPECT_BITS(5 > tol ? T(5) : T(0), length);
         EXPECT_BITS(5 > tol ? unit : five, v);
     }
-    // The square of 0 or near it is 0: there is no direction, unless any length will do.
-    const T root = std::sqrt(std::numeric_limits<T>::min());
-    for (const T x : {T(0), -T(0), root * kEps<T>, root}) {
-        const V v = along(0, x), expected = along(0, x < root ? x : T(1));
-        EXPECT_BITS(expected, after(v, [](V& u) { u.normalize(); })) << x;
-        T length = 42;
-        EXPECT_BITS(expected,
-                    after(v, [&](V& u) { EXPECT_EQ(x == root, u.normalize(0, &length)); }));
-        EXPECT_BITS(x < root ? T(0) : root, length);
-    }
     V zero;
     T length = 42;
     EXPECT_TRUE(zero.normalize(-1, &length));
-    EXPECT_TRUE(length == 0 && std::isnan(zero[0]));
+    EXPECT_EQ(0, length);
+    EXPECT_TRUE(std::isnan(zero[0]));
 }
 
-template <class T>
-class Vector3Test : public ::testing::Test {};
-TYPED_TEST_SUITE(Vector3Test, Scalars, );
+TYPED_TEST(VectorFamilyTest, NormalizeLeavesWhatIsTooSmallToSquare) {
+    using V = TypeParam;
+    using T = ScalarOf<V>;
+    const T root = std::sqrt(std::numeric_limits<T>::min());
+    for (const T x : {T(0), -T(0), root * kEps<T>, root}) {
+        const V v = ends<V>(0, x), expected = ends<V>(0, x < root ? x : T(1));
+        EXPECT_BITS(expected, after(v, [](V& u) { u.normalize(); })) << x;
+        T length = 42;
+        EXPECT_BITS(expected, after(v, [&](V& u) { u.normalize(0, &length); }));
+        EXPECT_BITS(x < root ? T(0) : root, length);
+    }
+}
 
-TYPED_TEST(Vector3Test, ViewsShareTheArrayAndPrintPrintsNothing) {
-    using T = TypeParam;
-    using V = Vector3T<T>;
+KY_SUITE(Vector3Test);
+
+KY_TEST(Vector3Test, ViewsShareTheArray) {
     T array[] = {1, T(0.1), 3};
-    EXPECT_EQ(static_cast<void*>(array), V::cast(array));
-    EXPECT_EQ(static_cast<const void*>(array), V::constCast(array));
+    EXPECT_EQ(static_cast<void*>(array), Vec<T>::cast(array));
+    EXPECT_EQ(static_cast<const void*>(array), Vec<T>::constCast(array));
     double wide[] = {0, 0, 0, 7};
-    V::set(wide, V(array));
-    EXPECT_TRUE(wide[0] == 1 && wide[1] == static_cast<double>(T(0.1)) && wide[3] == 7);
+    Vec<T>::set(wide, Vec<T>(array));
+    EXPECT_BITS(Vector4d(1, double(T(0.1)), 3, 7), Vector4d(wide));
+}
+
+KY_TEST(Vector3Test, PrintPrintsNothing) {
     ::testing::internal::CaptureStdout();
-    V(array).print("label");
+    Vec<T>().print("label");
     EXPECT_EQ("", ::testing::internal::GetCapturedStdout());
 }
 
-TYPED_TEST(Vector3Test, OperandsMayBeTheVectorItselfOrItsComponents) {
-    using T = TypeParam;
-    using V = Vector3T<T>;
+KY_TEST(Vector3Test, OperandsMayBeTheVectorItself) {
+    using V = Vec<T>;
     const V v(2, -3, 5), u(7, 11, -13);
     EXPECT_BITS(V(4, -6, 10), after(v, [](V& w) { w += w; }));
     EXPECT_BITS(V(0, 0, 0), after(v, [](V& w) { w -= w; }));
@@ -97,10 +99,7 @@ TYPED_TEST(Vector3Test, OperandsMayBeTheVectorItselfOrItsComponents) {
     EXPECT_BITS(V(4, 9, 25), after(v, [](V& w) { w.multComp(w); }));
     EXPECT_BITS(V(6, -9, 15), after(v, [](V& w) { w.addMultiple(w[0], w); }));
     EXPECT_BITS(V(25, 27, -29), after(v, [&](V& w) { w.setLinear(w[0], w, w[2] - 2, u); }));
-    EXPECT_BITS(V(-16, 61, 43), after(v, [&](V& w) { w.postCross(u); }));
-    EXPECT_BITS(V(16, -61, -43), after(v, [&](V& w) { w.preCross(u); }));
-    EXPECT_BITS(V(16, -61, -43), after(v, [&](V& w) { w.setCross(u, w); }));
-    // v x (1, 0, 0): the axis after the largest component.
+    EXPECT_BITS(V(0, 0, 0), after(v, [](V& w) { w.postCross(w); }));
     EXPECT_EQ(V(0, 5, 3), after(v, [](V& w) { w.setOrthogonal(w); }));
     V dir(0, 0, 1), across;
     v.project(dir, &dir, &across);
@@ -108,101 +107,106 @@ TYPED_TEST(Vector3Test, OperandsMayBeTheVectorItselfOrItsComponents) {
     EXPECT_BITS(V(2, -3, 0), across);
 }
 
-TYPED_TEST(Vector3Test, LargestComponentIsTheLaterOfEqualsAndIsCleanedWithinTheTolerance) {
-    using T = TypeParam;
-    const T nan = kNaN<T>, tol = T(0.125);
+KY_TEST(Vector3Test, LargestComponentIsTheLaterOfEquals) {
+    const T nan = kNaN<T>;
     const struct {
         T x, y, z;
         int index;
-    } largest[] = {{-3, 2, 1, 0}, {-2, 2, 1, 1},  {2, 1, -2, 2},  {1, 1, 1, 2},  {1, -3, 2, 1},
-                   {1, 2, 2, 2},  {nan, 0, 0, 2}, {5, nan, 0, 2}, {5, 0, nan, 2}};
-    for (const auto& c : largest) {
-        EXPECT_EQ(c.index, Vector3T<T>(c.x, c.y, c.z).maxComponentIndex()) << c.x << ", " << c.y;
+    } cases[] = {{-3, 2, 1, 0}, {-2, 2, 1, 1},  {2, 1, -2, 2},  {1, 1, 1, 2},  {1, -3, 2, 1},
+                 {1, 2, 2, 2},  {nan, 0, 0, 2}, {5, nan, 0, 2}, {5, 0, nan, 2}};
+    for (const auto& c : cases) {
+        EXPECT_EQ(c.index, Vec<T>(c.x, c.y, c.z).maxComponentIndex()) << c.x << ", " << c.y;
     }
-    const struct {
-        T most, other, expected;  // 0: not clean
-    } clean[] = {{1, tol, 1},         {-1, -tol, -1},   {1, above(tol), 0},
-                 {1, -above(tol), 0}, {1 + tol, 0, 1},  {above(1 + tol), 0, 0},
-                 {1 - tol, 0, 1},     {tol - 1, 0, -1}, {below(1 - tol), 0, 0}};
-    for (const auto& c : clean) {
-        for (int i = 0; i < 6; ++i) {
-            const int k = i % 3, other = (k + 1 + i / 3) % 3;
-            Vector3T<T> v;
-            v[k] = c.most, v[other] = c.other;
-            const Vector3T<T> before = v;
-            EXPECT_EQ(c.expected != 0, v.makeCleanBase(tol)) << c.most << ", " << c.other;
-            EXPECT_BITS(c.expected != 0 ? c.expected : before[k], v[k]);
-            EXPECT_BITS(c.expected != 0 ? T(0) : before[other], v[other]);
-        }
-    }
-    Vector3T<T> v(nan, nan, nan);  // within any tolerance, and not positive
-    EXPECT_TRUE(v.makeCleanBase(tol));
-    EXPECT_BITS(Vector3T<T>(0, 0, -1), v);
 }
 
-TYPED_TEST(Vector3Test, OrthogonalizeIgnoresZeroAndTakesAnyOtherLength) {
-    using T = TypeParam;
-    using V = Vector3T<T>;
-    const auto made = [](const V& dir) {
-        return after(V(1, 2, 3), [&](V& v) { v.orthogonalize(dir); });
+KY_TEST(Vector3Test, CleanBaseIsWithinTheTolerance) {
+    const T tol = T(0.125);
+    const struct {
+        T most, other, expected;  // 0: not clean
+    } cases[] = {{1, tol, 1},         {-1, -tol, -1},   {1, above(tol), 0},
+                 {1, -above(tol), 0}, {1 + tol, 0, 1},  {above(1 + tol), 0, 0},
+                 {1 - tol, 0, 1},     {tol - 1, 0, -1}, {below(1 - tol), 0, 0}};
+    for (const auto& c : cases) {
+        for (int k = 0; k < 3; ++k) {
+            for (const int other : {(k + 1) % 3, (k + 2) % 3}) {
+                Vec<T> v;
+                v[k] = c.most, v[other] = c.other;
+                const Vec<T> before = v;
+                EXPECT_EQ(c.expected != 0, v.makeCleanBase(tol)) << c.most << ", " << c.other;
+                EXPECT_BITS(c.expected != 0 ? c.expected : before[k], v[k]);
+                EXPECT_BITS(c.expected != 0 ? T(0) : before[other], v[other]);
+            }
+        }
+    }
+    Vec<T> v(kNaN<T>, kNaN<T>, kNaN<T>);  // within any tolerance, and not positive
+    EXPECT_TRUE(v.makeCleanBase(tol));
+    EXPECT_BITS(Vec<T>(0, 0, -1), v);
+}
+
+KY_TEST(Vector3Test, OrthogonalizeTakesAnyLengthButZero) {
+    const auto made = [](const Vec<T>& dir) {
+        return after(Vec<T>(1, 2, 3), [&](Vec<T>& v) { v.orthogonalize(dir); });
     };
-    EXPECT_BITS(V(1, 2, 3), made(V(0, -T(0), 0)));
-    EXPECT_BITS(V(1, 0, 3), made(V(0, 8, 0)));
+    EXPECT_BITS(Vec<T>(1, 2, 3), made(Vec<T>(0, -T(0), 0)));
+    EXPECT_BITS(Vec<T>(1, 0, 3), made(Vec<T>(0, 8, 0)));
     // What is not zero counts, even if its square is.
-    EXPECT_TRUE(std::isnan(made(V(0, 0, std::numeric_limits<T>::denorm_min()))[0]));
+    EXPECT_TRUE(std::isnan(made(Vec<T>(0, 0, std::numeric_limits<T>::denorm_min()))[0]));
 }
 
 // Deliberate: the sum of two magnitudes decides, not the largest component.
-TYPED_TEST(Vector3Test, PlaneSpaceComparesTheSumOfXAndZWithY) {
-    using T = TypeParam;
-    using V = Vector3T<T>;
-    const auto check = [](const V& n, bool first) {
-        V u, v;
-        n.planeSpace(u, v);
-        EXPECT_EQ(first, u[1] == 0) << n[1];
-        EXPECT_EQ(first, u[0] != 0) << n[1];
-        EXPECT_BITS(n.cross(u), v);
-    };
-    check(V(1, below(T(3)), 2), true);
-    check(V(1, 3, -2), false);
-    check(V(-1, -3, 2), false);
+KY_TEST(Vector3Test, PlaneSpaceComparesXPlusZWithY) {
+    using V = Vec<T>;
+    const T fifth = 1 / T(5);
+    const struct {
+        V n, u;
+    } cases[] = {{{3, 6, 4}, {4 * fifth, 0, -3 * fifth}},
+                 {{3, -6, 4}, {4 * fifth, 0, -3 * fifth}},
+                 {{0, 3, 0}, {-T(0) + 0, -T(0), 3 * (1 / T(3))}},
+                 {{1, 3, -2}, {0, 2, 3}}};
     V u, v;
-    V(3, 1, 4).planeSpace(u, v);
-    EXPECT_BITS(V(4 * (1 / T(5)), 0, -3 * (1 / T(5))), u);
-    V(0, 3, 0).planeSpace(u, v);
-    EXPECT_EQ(V(0, 0, 3 * (1 / T(3))), u);
+    for (const auto& c : cases) {
+        c.n.planeSpace(u, v);
+        const T length = c.u[1] == 2 ? 1 / std::sqrt(T(13)) : T(1);
+        EXPECT_EQ(c.u * length, u) << c.n[1];
+        EXPECT_BITS(c.n.cross(u), v);
+    }
+    V(1, below(T(3)), 2).planeSpace(u, v);
+    EXPECT_EQ(0, u[1]);
     V().planeSpace(u, v);  // no direction: the zeros are those of the formula
-    EXPECT_TRUE(u[0] == 0 && std::isnan(u[1]) && std::isnan(u[2]));
+    EXPECT_EQ(0, u[0]);
+    EXPECT_TRUE(std::isnan(u[1]));
 }
 
-TYPED_TEST(Vector3Test, PlaneNormalTurnsFromTheFirstEdgeToTheSecond) {
-    using T = TypeParam;
-    using V = Vector3T<T>;
+KY_TEST(Vector3Test, PlaneNormalTurnsFromEdgeToEdge) {
+    using V = Vec<T>;
     for (int i = 0; i < 4; ++i) {  // the result may replace a point
         V q[] = {V(1, 2, 3), V(3, 2, 3), V(5, 5, 3), V()};
         EXPECT_TRUE(V::planeNormal(q[0], q[1], q[2], q[i]));
         EXPECT_BITS(V(0, 0, 6 * (1 / T(6))), q[i]);
     }
-    // Deliberate: the tolerance is a widened float, below 1e-4 for double.
+}
+
+KY_TEST(Vector3Test, PlaneNormalToleranceIsAWidenedFloat) {
     const T tol = T(1e-4f);
     for (const T length : {T(0), below(tol), tol, above(tol), T(1e-4), kNaN<T>}) {
-        V normal(7, 7, 7);
-        EXPECT_EQ(length > tol, V::planeNormal(V(0, 0, 0), V(1, 0, 0), V(1, length, 0), normal));
+        const Vec<T> a, b(1, 0, 0), c(1, length, 0);
+        Vec<T> normal(7, 7, 7);
+        EXPECT_EQ(length > tol, Vec<T>::planeNormal(a, b, c, normal)) << length;
         EXPECT_BITS(length > tol ? length * (1 / length) : length, normal[2]);
     }
 }
 
-TEST(ComputeAngleTest, FailsOnlyWhenBothProductsAreBelowTheTolerance) {
+TEST(ComputeAngleTest, FailsWhenBothProductsAreShort) {
     const auto angleOf = [](double x, const Vector3d& other) {
         double angle = 42;
         const bool measured = Ky::KyComputeAngle(Vector3d(x, 0, 0), other, angle);
         EXPECT_EQ(measured, angle != 42) << x;
         return angle;
     };
-    const double right = std::atan2(runtime(1.0), runtime(0.0)), pi = 2 * right, tol = 1e-14;
+    const double right = std::atan2(runtime(1.0), runtime(0.0)), tol = 1e-14;
     const Vector3d along(1, 0, 0), across(0, 1, 0);
     EXPECT_EQ(0, angleOf(tol, along));
-    EXPECT_EQ(pi, angleOf(-tol, along));
+    EXPECT_EQ(2 * right, angleOf(-tol, along));
     for (const double x : {tol, -tol}) EXPECT_EQ(right, angleOf(x, across));
     for (const double x : {0.0, below(tol), -below(tol)}) {
         EXPECT_EQ(42, angleOf(x, along));
@@ -212,5 +216,4 @@ TEST(ComputeAngleTest, FailsOnlyWhenBothProductsAreBelowTheTolerance) {
 }
 
 }  // namespace
-}  // namespace test
-}  // namespace KyMath
+}  // namespace KyMath::test

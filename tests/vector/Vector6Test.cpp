@@ -4,8 +4,7 @@
 
 #include <iomanip>
 
-namespace KyMath {
-namespace test {
+namespace KyMath::test {
 namespace {
 
 static_assert(!std::is_default_constructible<Vector6>::value, "there is no default value");
@@ -24,5 +23,4 @@ TEST(Vector6Test, PrintsInTheFormatOfTheStream) {
 }
 
 }  // namespace
-}  // namespace test
-}  // namespace KyMath
+}  // namespace KyMath::test
