@@ -13,7 +13,8 @@ set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/KyMath)
 install(
     TARGETS KyMath KyMathStatic
     EXPORT KyMathTargets
-    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} ${runtime} NAMELINK_${development}
+    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} ${runtime} 
+            NAMELINK_COMPONENT KyMath_development
     ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} ${development}
     FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} ${development})
 install(EXPORT KyMathTargets NAMESPACE KyMath:: FILE KyMathTargets.cmake DESTINATION ${package_dir}

@@ -18,10 +18,12 @@ struct Map : Picture {
     double scale;  ///< Pixels per metre.
 
     Map(const KyMath::BoundingBoxd& box, double pixelsPerMetre)
-        : Picture(std::max(1, int(box.xMax() * pixelsPerMetre + 0.5)),
-                  std::max(1, int(box.yMax() * pixelsPerMetre + 0.5))),
+        : Picture(pixels(box.xMax() * pixelsPerMetre), pixels(box.yMax() * pixelsPerMetre)),
           world(box),
           scale(pixelsPerMetre) {}
+    static int pixels(double length) {
+        return std::max(1, int(std::lround(length)));
+    }
     Vector3d toPixel(const Vector3d& p) const {
         return {p.x() * scale, (world.yMax() - p.y()) * scale, 0};
     }

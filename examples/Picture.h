@@ -35,7 +35,7 @@ public:
         for (int y = y0; y < y1; ++y) {
             for (int x = x0; x < x1; ++x) {
                 const KyMath::Vector4d v = over(Vector3d(x + 0.5, y + 0.5, 0));
-                Vector3d& pixel = pixels_[std::size_t(y * width_ + x)];
+                Vector3d& pixel = pixels_[std::size_t(y) * std::size_t(width_) + std::size_t(x)];
                 pixel = pixel * (1 - v.w()) + v.xyz() * v.w();
             }
         }

@@ -33,7 +33,7 @@ for library in KyMath Static; do
 done
 
 # A unit that includes a header: the median time of five compilations, and its size preprocessed.
-header_cost() {
+header_cost() { # HEADER GOAL_MILLISECONDS GOAL_KIB
     echo "#include <$1>" >$results/unit.cpp
     for _ in 1 2 3 4 5; do
         local begin=${EPOCHREALTIME/./}
@@ -48,8 +48,9 @@ header_cost() {
     $programs/benchmark_report benchmarks/goals.txt $results/KyMath.csv $results/Static.csv \
         build/performance.svg
     printf '\n| A unit that includes | takes | goal | preprocessed | goal |\n|---|--:|--:|--:|--:|\n'
-    header_cost KyMath/Vectors.h 60 300
-    header_cost KyMath/KyMath.h 120 500
+    while read -r _ header milliseconds size; do
+        header_cost "$header" "$milliseconds" "$size"
+    done < <(grep '^include ' benchmarks/goals.txt)
 } | tee $results/report.md
 
 if [[ $update ]]; then

@@ -3,9 +3,9 @@
 # SPDX-License-Identifier: Apache-2.0
 #
 # package.sh: installs what is missing, builds the Debian packages libkymath1, libkymath-dev and
-# libkymath-doc (with the pages of build/docs/html, if there are any) into build/packages, checks them
-# with lintian, and builds programs with what they hold. DEBFULLNAME and DEBEMAIL say who makes the
-# packages: set them for packages that others get.
+# libkymath-doc (with the pages that docs.sh makes) into build/packages, checks them with lintian, and
+# builds programs with what they hold. DEBFULLNAME and DEBEMAIL say who makes the packages: set them
+# for packages that others get.
 . "$(dirname "$(readlink -f "$0")")/common.sh"
 takes '' "$@"
 
@@ -16,6 +16,7 @@ rm -rf $packages $build/*.deb
 mkdir -p $packages
 
 echo "== Building"
+bash scripts/docs.sh
 # The same packages from the same sources: times in them are that of the last change.
 export SOURCE_DATE_EPOCH=${SOURCE_DATE_EPOCH:-$(git log -1 --format=%ct 2>/dev/null || date +%s)}
 configure install -B $build -DCMAKE_INSTALL_PREFIX=/usr \
@@ -31,4 +32,4 @@ echo "== Checking"
 lintian --allow-root --fail-on error,warning --suppress-tags initial-upload-closes-no-bugs \
     $packages/*.deb
 bash tests/packages/check.sh "$root" $packages
-ls -l $packages
+echo "To install: apt-get install" ./$packages/*.deb

@@ -23,12 +23,15 @@ try() { # NAME CMAKE_ARGUMENT...
         { cat "$work/log"; echo "failed: $name"; return 1; }
 }
 
+cached() { grep -oP "^$1:[^=]*=\K.*" "$build/CMakeCache.txt"; }
+version=$(cached CMAKE_PROJECT_VERSION)
+
 # What each component installs, wherever the libraries go.
 list=$consumer/installed.txt
 for component in development runtime; do
     cmake --install "$build" --prefix "$work/$component" --component "KyMath_$component" >/dev/null
     (cd "$work/$component" && find . ! -type d -printf "$component %P\n")
-done | sed "s| $(grep -oP 'CMAKE_INSTALL_LIBDIR:.*=\K.*' "$build/CMakeCache.txt")/| lib/|" |
+done | sed "s| $(cached CMAKE_INSTALL_LIBDIR)/| lib/|; s|\.so\.$version|.so.VERSION|" |
     LC_ALL=C sort >"$work/installed"
 [[ ${4:-} != --update ]] || cp "$work/installed" "$list"
 diff "$list" "$work/installed" || { echo "no more (<) or newly (>) installed"; exit 1; }
@@ -52,12 +55,12 @@ for name in package subdirectory; do
 done
 
 # A version that is not there is refused, and the message says which one is.
-for version in 1.99 2.0; do
+for other in ${version%%.*}.99 $((${version%%.*} + 1)).0; do
     said=$(try refused -DKYMATH_FROM=package "-DCMAKE_PREFIX_PATH=$work/prefix" \
-        "-DKYMATH_VERSION=$version" | tr -s '[:space:]' ' ') &&
-        { echo "accepted as version $version"; exit 1; }
-    [[ $said == *"\"KyMath\" that is compatible with requested version \"$version\""* &&
-        $said == *"KyMathConfig.cmake, version: 1."* ]] || { echo "$said"; exit 1; }
+        "-DKYMATH_VERSION=$other" | tr -s '[:space:]' ' ') &&
+        { echo "accepted as version $other"; exit 1; }
+    [[ $said == *"\"KyMath\" that is compatible with requested version \"$other\""* &&
+        $said == *"KyMathConfig.cmake, version: $version"* ]] || { echo "$said"; exit 1; }
 done
 
 # Inlined into a client that is compiled for fused operations, the archive gives the same bits still.
@@ -77,5 +80,5 @@ flags=$(pkg-config --cflags --libs KyMath)
 "$compiler" -std=c++11 "$consumer/main.cpp" $flags -o "$work/plain"
 LD_LIBRARY_PATH=$library_dir "$work/plain"
 
-readelf -dW "$library_dir/libKyMath.so" | grep -q 'soname: \[libKyMath.so.1\]'
-[[ $(readlink -f "$library_dir/libKyMath.so") == */libKyMath.so.1.0.0 ]]
+readelf -dW "$library_dir/libKyMath.so" | grep -qF "soname: [libKyMath.so.${version%%.*}]"
+[[ $(readlink -f "$library_dir/libKyMath.so") == */libKyMath.so.$version ]]
