@@ -35,7 +35,7 @@ int main() {
     const std::vector<Vector2d> list{Vector2d(1, 2), Vector2d(3, 4)};
     const Matrix44f m = Transformation::createTranslationT(10.0f, -0.5f, 1e-3f);
     const KyTransform rigid(Vector3d(1, 2, 3), KyEulerAngles(0, 0, 0, KyEulerAngles::eXYZs));
-    const Quaternionf turn(Vector3f(0, 0, 2), 1.5707964f);
+    const Quaternionf turn(Vector3f(0, 3, 4), 1.5707964f);
     const Quaterniond one, none(0, 0, 0, 0), tiny(0, 4e-320, 0, 0), odd(nan, 0, 0, 0);
     const KyEulerAngles euler(0.5, 0, -1, KyEulerAngles::eZYXr);
     const KyEulerAngles negated(0, 0, nan, KyEulerAngles::eEulerOrder(32 + 21));

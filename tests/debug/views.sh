@@ -32,7 +32,7 @@ DESTDIR=$work/system cmake --install "$build" --prefix /usr >/dev/null
 (cd "$work/system" && find usr -name '*-gdb.py' >"$work/found" &&
     diff - "$work/found" <<<"usr/share/gdb/auto-load/$(find usr -name 'libKyMath.so.?.?.?')-gdb.py")
 
-"${debug[@]}" -ex up -ex "set \$natvis = \"$(find "$work/prefix" -name '*.natvis')\"" \
+LD_LIBRARY_PATH=$built "${debug[@]}" -iex "add-auto-load-safe-path $built" -ex up -ex "set \$natvis = \"$(find "$work/prefix" -name '*.natvis')\"" \
     -x "$here/natvis.py" "$program" >"$work/natvis" 2>&1 || true
 grep -q 'natvis: all expressions hold' "$work/natvis" || { tail -3 "$work/natvis"; exit 1; }
 
