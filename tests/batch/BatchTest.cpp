@@ -2,52 +2,109 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Support.h"
 
+#include <sys/mman.h>
+
 #include <vector>
 
 namespace KyMath::test {
 namespace {
 
-// Each array call is held against single calls, for arrays that end anywhere in a group of four.
+// Each array call is compared with single calls, for arrays that end anywhere in a group of four.
 
 constexpr std::size_t kMost = 9;
 
-/// An element amid others, as in a client's structure.
+void* mapped(std::size_t size) {
+    void* const memory = mmap(nullptr, size, PROT_READ | PROT_WRITE,
+                              MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
+    EXPECT_NE(MAP_FAILED, memory);
+    return memory;
+}
+
+/// Memory whose end is followed by a page that cannot be read or written.
+template <class V>
+struct BeforeTheEnd {
+    using value_type = V;
+    static constexpr std::size_t kPage = 4096;
+
+    BeforeTheEnd() = default;
+    template <class U>
+    BeforeTheEnd(const BeforeTheEnd<U>&) {}
+    V* allocate(std::size_t n) {
+        char* const pages = static_cast<char*>(mapped(2 * kPage));
+        mprotect(pages + kPage, kPage, PROT_NONE);
+        return reinterpret_cast<V*>(pages + kPage) - n;
+    }
+    void deallocate(V* p, std::size_t n) {
+        munmap(reinterpret_cast<char*>(p + n) - kPage, 2 * kPage);
+    }
+    bool operator==(const BeforeTheEnd&) const {
+        return true;
+    }
+    bool operator!=(const BeforeTheEnd&) const {
+        return false;
+    }
+};
+template <class V>
+using Array = std::vector<V, BeforeTheEnd<V>>;
+
+/// An element behind others, as in a client's structure.
 template <class V>
 struct Member {
-    double before;
+    alignas(V) char before[alignof(V)];
     V value;
-    char after;
 };
+template <class V>
+V* valuesOf(Array<Member<V>>& members) {
+    return members.empty() ? nullptr : &members[0].value;
+}
 
 template <class V, class Make>
-std::vector<V> list(Make make) {
-    std::vector<V> values;
-    values.reserve(kMost);  // no room beyond: there the address sanitizer sees a read
+Array<V> list(Make make) {
+    Array<V> values;
+    values.reserve(kMost);
     for (std::size_t i = 0; i < kMost; ++i) values.push_back(make());
     return values;
 }
 
+/// Elements so far apart that 32 bits do not count the bytes between them. Only what is used takes
+/// memory.
+template <class V>
+struct FarApart {
+    static constexpr std::size_t kStride = std::size_t(1) << 30;
+    char* const bytes = static_cast<char*>(mapped(kMost * kStride));
+
+    ~FarApart() {
+        munmap(bytes, kMost * kStride);
+    }
+    V& operator[](std::size_t i) {
+        return reinterpret_cast<V&>(bytes[i * kStride]);
+    }
+};
+
 /// all(in, out, n, strides) must do what one(v) does with each of n: into an array of its own, in
 /// place within structures, and from each into the other.
 template <class V, class All, class One>
-void expectLikeSingle(const std::vector<V>& in, All all, One one) {
+void expectLikeSingle(const Array<V>& values, All all, One one) {
+    FarApart<V> far;
     for (std::size_t n = 0; n <= kMost; ++n) {
-        std::vector<V> out(kMost), packed(kMost);
-        std::vector<Member<V>> inPlace(kMost), members(kMost);
-        for (std::size_t i = 0; i < kMost; ++i) inPlace[i].value = in[i];
+        const Array<V> in(values.begin(), values.begin() + long(n));
+        Array<V> out(n), packed(n);
+        Array<Member<V>> inPlace(n), members(n);
+        for (std::size_t i = 0; i < n; ++i) inPlace[i].value = far[i] = in[i];
+        const std::size_t stride = sizeof inPlace[0];
         all(in.data(), out.data(), n, sizeof(V), sizeof(V));
-        all(&inPlace[0].value, packed.data(), n, sizeof inPlace[0], sizeof(V));
-        all(&inPlace[0].value, &inPlace[0].value, n, sizeof inPlace[0], sizeof inPlace[0]);
-        all(in.data(), &members[0].value, n, sizeof(V), sizeof members[0]);
-        for (std::size_t i = 0; i < kMost; ++i) {
-            EXPECT_BITS(i < n ? one(in[i]) : V(), out[i]) << i << " of " << n;
-            EXPECT_BITS(i < n ? one(in[i]) : in[i], inPlace[i].value) << i << " of " << n;
+        all(valuesOf(inPlace), packed.data(), n, stride, sizeof(V));
+        all(valuesOf(inPlace), valuesOf(inPlace), n, stride, stride);
+        all(in.data(), valuesOf(members), n, sizeof(V), stride);
+        all(&far[0], &far[0], n, far.kStride, far.kStride);
+        for (std::size_t i = 0; i < n; ++i) {
+            EXPECT_BITS(one(in[i]), out[i]) << i << " of " << n;
+            EXPECT_BITS(out[i], inPlace[i].value) << i << " of " << n;
             EXPECT_BITS(out[i], members[i].value) << i << " of " << n;
             EXPECT_BITS(out[i], packed[i]) << i << " of " << n;
+            EXPECT_BITS(out[i], far[i]) << i << " of " << n;
         }
     }
-    all(static_cast<const V*>(nullptr), static_cast<V*>(nullptr), std::size_t(0), sizeof(V),
-        sizeof(V));
 }
 
 template <class T>
@@ -55,20 +112,20 @@ class BatchTest : public ::testing::Test {
 protected:
     Corpus<T> corpus{1};
 
-    std::vector<Vector3T<T>> vectors() {
+    Array<Vector3T<T>> vectors() {
         auto v = list<Vector3T<T>>([this] { return corpus.vector(); });
         v[2].x() = kInf<T>;
         v[6].z() = kNaN<T>;
         return v;
     }
-    std::vector<BoundingBoxT<T>> boxes() {
+    Array<BoundingBoxT<T>> boxes() {
         auto b = list<BoundingBoxT<T>>([this] { return corpus.box(); });
         b[3].init();
         b[5].xMax() = kNaN<T>;
         return b;
     }
     /// Of no special form, affine, affine without a finite translation, and such that w = x + 1.
-    std::vector<Matrix44T<T>> matrices() {
+    Array<Matrix44T<T>> matrices() {
         auto m = list<Matrix44T<T>>([this] { return corpus.matrix(); });
         m.resize(4);
         for (unsigned c = 0; c < 4; ++c) {
@@ -106,35 +163,33 @@ TYPED_TEST(BatchTest, TransformsLikeSingleCalls) {
 TYPED_TEST(BatchTest, MultipliesLikeSingleCallsAlsoInPlaceOfEitherFactor) {
     using M = Matrix44T<TypeParam>;
     const auto make = [this] { return this->corpus.matrix(); };
-    const std::vector<M> a = list<M>(make), b = list<M>(make);
-    std::vector<M> overA = a, overB = b, byOne = b;
-    Batch::multiply(overA.data(), b.data(), overA.data(), kMost - 1);
-    Batch::multiply(a.data(), overB.data(), overB.data(), kMost - 1);
-    Batch::multiply(a[0], byOne.data(), byOne.data(), kMost - 1);
-    for (std::size_t i = 0; i < kMost - 1; ++i) {
+    const Array<M> a = list<M>(make), b = list<M>(make);
+    Array<M> overA = a, overB = b, byOne = b;
+    Batch::multiply(overA.data(), b.data(), overA.data(), kMost);
+    Batch::multiply(a.data(), overB.data(), overB.data(), kMost);
+    Batch::multiply(a[0], byOne.data(), byOne.data(), kMost);
+    for (std::size_t i = 0; i < kMost; ++i) {
         EXPECT_BITS(M::multiply(a[i], b[i]), overA[i]);
         EXPECT_BITS(M::multiply(a[i], b[i]), overB[i]);
         EXPECT_BITS(M::multiply(a[0], b[i]), byOne[i]);
     }
-    EXPECT_BITS(a.back(), overA.back());
-    EXPECT_BITS(b.back(), byOne.back());
 }
 
 TYPED_TEST(BatchTest, ClassifiesLikeSingleCalls) {
     using T = TypeParam;
-    std::vector<Member<BoundingBoxT<T>>> members;
-    for (const auto& box : this->boxes()) members.push_back({0, box, 0});
+    const auto boxes = this->boxes();
+    Array<Member<BoundingBoxT<T>>> members(kMost);
+    for (std::size_t i = 0; i < kMost; ++i) members[i].value = boxes[i];
     int seen = 0;
     for (int i = 0; i < 20; ++i) {
         const Vector3T<T> n = this->corpus.vector();
         const PlaneT<T> plane(n, i < 2 ? n * T(2 - 4 * i) : this->corpus.vector() * T(0.25));
-        for (std::size_t count = 0; count <= kMost; ++count) {
-            signed char sides[kMost + 1] = {};
-            sides[count] = 7;
-            Batch::classify(plane, &members[0].value, sides, count, sizeof members[0]);
-            EXPECT_EQ(7, sides[count]);
+        for (std::size_t count = 1; count <= kMost; ++count) {
+            const BoundingBoxT<T>* const last = &members[kMost - count].value;
+            Array<signed char> sides(count);
+            Batch::classify(plane, last, sides.data(), count, sizeof members[0]);
             for (std::size_t k = 0; k < count; ++k) {
-                EXPECT_EQ(plane.intersect(members[k].value), sides[k]);
+                EXPECT_EQ(plane.intersect(members[kMost - count + k].value), sides[k]);
                 seen |= 1 << (sides[k] + 1);
             }
         }
@@ -147,8 +202,8 @@ using BatchDoubleTest = BatchTest<double>;
 TEST_F(BatchDoubleTest, CompoundsLikeSingleCallsAndKeepsRowThree) {
     using Ky::KyTransform;
     const auto make = [this] { return KyTransform(corpus.matrix()); };
-    const std::vector<KyTransform> a = list<KyTransform>(make), b = list<KyTransform>(make);
-    std::vector<KyTransform> out = list<KyTransform>(make), expected = out, overA = a, overB = b;
+    const Array<KyTransform> a = list<KyTransform>(make), b = list<KyTransform>(make);
+    Array<KyTransform> out = list<KyTransform>(make), expected = out, overA = a, overB = b;
     Batch::compound(a.data(), b.data(), out.data(), kMost);
     Batch::compound(overA.data(), b.data(), overA.data(), kMost);
     Batch::compound(a.data(), overB.data(), overB.data(), kMost);
@@ -179,14 +234,13 @@ TEST_F(BatchDoubleTest, CullsLikeContainsUnderTheTopmostMaskAndChangesNothing) {
         const unsigned int mask = single.getCurrentMask();
         masks.push_back(mask);
         for (std::size_t n = 0; n <= kMost; ++n) {
-            unsigned char visible[kMost + 1] = {};
-            visible[n] = 7;
+            Array<unsigned char> visible(n);
             const Polytope& unchanged = single;
-            Batch::cull(unchanged, boxes.data(), visible, n);
-            EXPECT_EQ(7, visible[n]);
+            const BoundingBoxd* const last = boxes.data() + kMost - n;
+            Batch::cull(unchanged, last, visible.data(), n);
             for (std::size_t i = 0; i < n; ++i) {
                 Polytope copy = single;
-                EXPECT_EQ(int(copy.contains(boxes[i])), visible[i]) << i << " of " << n;
+                EXPECT_EQ(int(copy.contains(last[i])), visible[i]) << i << " of " << n;
             }
         }
     }

@@ -14,6 +14,7 @@
 #include <cstdio>
 #include <cstring>
 
+using namespace KyMath;
 using namespace KyMath::test;
 
 namespace {
@@ -102,6 +103,21 @@ bool checkTraps(const Function& function) {
     return raised == 0;
 }
 
+/// Whether curves through many points leave nothing behind but these points.
+bool checkManyPoints() {
+    int kept = 0;
+    for (const auto create : {CreateBSpline, CreateBezier, CreateCatmullRomSpline}) {
+        startCounting();
+        {
+            std::vector<Vector3d> points(1000);
+            create(points, 1001, points);
+        }
+        stopCounting();
+        kept += use.kept != 0;
+    }
+    return kept == 0;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -127,6 +143,8 @@ int main(int argc, char** argv) {
             require(checkMemory(f, failures), f, "changed or kept something without memory");
         }
         std::fprintf(out, "%d allocations failed\n", failures);
+        if (!checkManyPoints())
+            std::fprintf(out, "curves of many points keep memory\n"), good = false;
         return good && failures > 0 ? 0 : 1;
     }
     printLibm();
