@@ -4,9 +4,11 @@
 
 Every program in a page compiles without a warning and prints what stands below it; gdb says what a
 console shows; every relative link leads to a file and a heading; the pictures are those that the
-example programs draw. Not run here are commands for the shell, which are indented, and fragments of
-CMake: tests/consumers goes those ways; nor sessions of Python, which the tests of the module run.
+example programs draw. Commands for the shell, which are indented, are not run, except for the help of
+scripts: what they name must exist, presets, options and files. Nor are fragments of CMake:
+tests/consumers goes those ways; nor sessions of Python, which the tests of the module run.
 """
+import json
 import pathlib
 import re
 import subprocess
@@ -69,10 +71,37 @@ def check_links(page, prose):
             expect(anchor in map(slug, headings), f"{page}: no heading {target}")
 
 
+def check_commands(page, prose):
+    for code in re.findall(r"^    .*|(?<=`)[^`\n]+(?=`)", prose, flags=re.M):
+        words = code.split("#")[0].split() or [""]
+        for preset in re.findall(r"--preset ([\w-]+)", code):
+            kind = "test" if words[0] == "ctest" else "build" if "--build" in words else "configure"
+            expect(preset in presets[kind], f"{page}: no {kind} preset {preset}")
+        if re.fullmatch(r"scripts/\w+\.sh", words[0]) and len(words) > 1:
+            usage = run(["bash", root / words[0], "--help"]).stdout.split()
+            for word in words[1:]:
+                known = word.isupper() or word.strip("[].") in presets["test"] + usage
+                expect(known or "." in word, f"{page}: {words[0]} takes no {word}")
+        for folder, name in re.findall(r"(?<![\w/.-])(\w+|\.ci)/([\w./*-]*\w)", code):
+            if folder == "build":
+                made = name.split("/")[0]
+                expect(made in presets["configure"] or f"build/{made}" in scripts,
+                       f"{page}: nothing makes build/{made}")
+            elif (root / folder).is_dir():
+                found = (root / folder).glob(re.sub("FOLDER|TYPE", "*", name) + "*")
+                expect([*found], f"{page}: no file {folder}/{name}")
+
+
+settings = json.loads((root / "CMakePresets.json").read_text())
+presets = {kind: [preset["name"] for preset in settings[kind + "Presets"]
+                  if not preset.get("hidden")] for kind in ("configure", "build", "test")}
+scripts = "".join(script.read_text() for script in root.glob("scripts/*.sh"))
+
 for page in pages:
     text = pieces(page.read_text())
     for prose in text[::2]:
         check_links(page, prose)
+        check_commands(page, prose)
     blocks = [re.fullmatch(r"```(\w*)\n(.*)```", code, flags=re.S).groups() for code in text[1::2]]
     while blocks:
         kind, code = blocks.pop(0)
