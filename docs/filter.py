@@ -80,6 +80,8 @@ def family(header):
 
 def header(path):
     text = re.sub(r"^template <>\nconst .*\n", "", path.read_text(), flags=re.M)
+    text = re.sub(r",\s+(KyMath::)?internal::If<.*?> = 0>", ">", text)
+    text = re.sub(r'\s+KY_DELETED\(".*?"\)', " = delete", text)
     text = re.sub(DELETED, "", text, flags=re.M)
     if path.stem == "KyMath":
         return text + "".join(f"/// @defgroup {slug(title)} {title}\n" for title in FAMILIES)

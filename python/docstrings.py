@@ -42,7 +42,7 @@ def read(header):
             declaration += " " + stripped
             if stripped.endswith((";", "}", ",")) and declaration.count("(") == declaration.count(")"):
                 name = re.search(r"(\w+)\s*\(", declaration)
-                if name and "delete" not in declaration:
+                if name and "DELETED" not in declaration:
                     keep(f"{owner or 'kymath'}.{name[1]}", lines + trailing)
                 declaration, lines, trailing = "", [], []
 

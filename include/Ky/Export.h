@@ -3,6 +3,8 @@
 #ifndef KY_EXPORT_H
 #define KY_EXPORT_H
 
+#include <cstddef>  // any header tells which standard library it belongs to
+
 /// Marks what libKyMath.so exports. Everything else in the library is hidden.
 ///
 /// KY_STATIC is defined while the static archive is compiled: a program or plug-in that links the
@@ -11,6 +13,36 @@
 #define KY_API
 #else
 #define KY_API __attribute__((visibility("default")))
+#endif
+
+/// Ends the declaration of what would compile and go wrong. C++26 puts the reason into the message.
+#if defined(__cpp_deleted_function) && __cplusplus > 202302L
+#define KY_DELETED(reason) = delete ("KyMath: " reason)
+#else
+#define KY_DELETED(reason) = delete
+#endif
+
+/// Mark what writes to a stream, and what holds or passes a container of the standard library.
+/// Where the client's differ from those that the library was built with, calling it is an error
+/// with a message, and everything else works. _LIBCPP_VERSION and _GLIBCXX_DEBUG tell what the
+/// client has; KY_LIBCPP_VERSION and KY_GLIBCXX_DEBUG, which CMake and pkg-config set where needed,
+/// tell the same of the library.
+#if defined(__clang__) || __GNUC__ >= 12
+#define KY_WITHHELD(reason) __attribute__((unavailable("KyMath: " reason)))
+#else
+#define KY_WITHHELD(reason) __attribute__((error("KyMath: " reason)))
+#endif
+#if defined(_LIBCPP_VERSION) != defined(KY_LIBCPP_VERSION)
+#define KY_STREAMS \
+    KY_WITHHELD("the library was built with another standard library: build both with one")
+#define KY_CONTAINERS KY_STREAMS
+#elif defined(_GLIBCXX_DEBUG) != defined(KY_GLIBCXX_DEBUG)
+#define KY_STREAMS
+#define KY_CONTAINERS \
+    KY_WITHHELD("containers differ from the library's: build both with _GLIBCXX_DEBUG or neither")
+#else
+#define KY_STREAMS
+#define KY_CONTAINERS
 #endif
 
 #endif

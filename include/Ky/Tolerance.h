@@ -36,7 +36,7 @@ const double KY_SMALL_REAL<double>::epsilon;
 /// The rule is absolute near zero and relative elsewhere. A NaN equals nothing; an infinity does
 /// not even equal itself. Only for double: widen floats first, other types do not compile.
 template <class T>
-bool KY_ARE_EQUAL(T a, T b) = delete;
+bool KY_ARE_EQUAL(T a, T b) KY_DELETED("for double only: widen floats first");
 template <>
 KY_API bool KY_ARE_EQUAL<double>(double a, double b);
 

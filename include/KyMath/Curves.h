@@ -21,15 +21,16 @@ namespace KyMath {
 /// @{
 
 /// Points on the straight segment from a to b, both exact. At least two samples.
-KY_API bool CreateLinearInterpolation(const Vector3T<double>& a, const Vector3T<double>& b,
-                                      unsigned int count, std::vector<Vector3T<double>>& out);
+KY_CONTAINERS KY_API bool CreateLinearInterpolation(const Vector3T<double>& a,
+                                                    const Vector3T<double>& b, unsigned int count,
+                                                    std::vector<Vector3T<double>>& out);
 
 /// Points on the Bezier curve of the control points, by de Casteljau's repeated interpolation. The
 /// ends are exact; the curve does not pass through the other control points. At least two control
 /// points, and at least as many samples. The time is proportional to count times the square of the
 /// number of control points.
-KY_API bool CreateBezier(const std::vector<Vector3T<double>>& controls, unsigned int count,
-                         std::vector<Vector3T<double>>& out);
+KY_CONTAINERS KY_API bool CreateBezier(const std::vector<Vector3T<double>>& controls,
+                                       unsigned int count, std::vector<Vector3T<double>>& out);
 
 /// Points on a Catmull-Rom spline through the control points, with parameters proportional to chord
 /// length. At the ends, the missing neighbour is the end point itself. At least three control
@@ -38,8 +39,9 @@ KY_API bool CreateBezier(const std::vector<Vector3T<double>>& controls, unsigned
 /// The segment advances by at most one from one sample to the next: with few samples and short
 /// segments it lags behind, and the samples are control points until it has caught up. The last
 /// sample may then fall short of the last control point. Coincident neighbours can give NaN.
-KY_API bool CreateCatmullRomSpline(const std::vector<Vector3T<double>>& controls,
-                                   unsigned int count, std::vector<Vector3T<double>>& out);
+KY_CONTAINERS KY_API bool CreateCatmullRomSpline(const std::vector<Vector3T<double>>& controls,
+                                                 unsigned int count,
+                                                 std::vector<Vector3T<double>>& out);
 
 /// Points on a uniform cubic B-spline that starts at the first and ends at the last control point,
 /// both exact, and passes near the others. At least two control points, and at least as many
@@ -50,15 +52,16 @@ KY_API bool CreateCatmullRomSpline(const std::vector<Vector3T<double>>& controls
 /// of two segments is skipped; otherwise some of the first and last segments get one sample more
 /// than the rest. With m or m - 1 segments and m > 3, the curve jumps to its last point. So
 /// k (m + 1) + 1 is the count to choose.
-KY_API bool CreateBSpline(const std::vector<Vector3T<double>>& controls, unsigned int count,
-                          std::vector<Vector3T<double>>& out);
+KY_CONTAINERS KY_API bool CreateBSpline(const std::vector<Vector3T<double>>& controls,
+                                        unsigned int count, std::vector<Vector3T<double>>& out);
 
 /// Which curve CreateCurve makes. Every other value counts as eCurveCatmullRom.
 enum eCurveType : int { eCurveBSpline = 0, eCurveBezier = 1, eCurveCatmullRom = 2 };
 
 /// Calls the function for that type.
-KY_API bool CreateCurve(eCurveType type, const std::vector<Vector3T<double>>& controls,
-                        unsigned int count, std::vector<Vector3T<double>>& out);
+KY_CONTAINERS KY_API bool CreateCurve(eCurveType type,
+                                      const std::vector<Vector3T<double>>& controls,
+                                      unsigned int count, std::vector<Vector3T<double>>& out);
 /// @}
 
 }  // namespace KyMath

@@ -71,29 +71,60 @@ struct IsScalar<double> {
     static constexpr bool value = true;
 };
 
-/// Defined for the types that convert to a pointer, as quaternions do, but are something else.
+/// What becomes a pointer by itself: without more overloads, each would be taken for any other.
+enum class Kind { other, null, vector2, vector, quaternion, matrix, floatMatrix };
+template <Kind k>
+struct Is {
+    static constexpr Kind kind = k;
+};
 template <class U>
-struct NotAQuaternion {};
-template <class T>
-struct NotAQuaternion<Vector2T<T>> {
-    using type = int;
-};
-template <class T>
-struct NotAQuaternion<Vector3T<T>> {
-    using type = int;
-};
-template <class T>
-struct NotAQuaternion<Vector4T<T>> {
-    using type = int;
-};
-template <class T>
-struct NotAQuaternion<Matrix44T<T>> {
-    using type = int;
-};
+struct KindOf : Is<Kind::other> {};
 template <>
-struct NotAQuaternion<Ky::KyTransform> {
+struct KindOf<int> : Is<Kind::null> {};
+template <>
+struct KindOf<long> : Is<Kind::null> {};
+template <>
+struct KindOf<std::nullptr_t> : Is<Kind::null> {};
+template <class T>
+struct KindOf<Vector2T<T>> : Is<Kind::vector2> {};
+template <class T>
+struct KindOf<Vector3T<T>> : Is<Kind::vector> {};
+template <class T>
+struct KindOf<Vector4T<T>> : Is<Kind::vector> {};
+template <class T>
+struct KindOf<QuaternionT<T>> : Is<Kind::quaternion> {};
+template <class T>
+struct KindOf<Matrix44T<T>> : Is<Kind::matrix> {};
+template <>
+struct KindOf<Matrix44T<float>> : Is<Kind::floatMatrix> {};
+template <>
+struct KindOf<Ky::KyTransform> : Is<Kind::matrix> {};
+
+/// Conditions of the deleted overloads.
+template <class U>
+constexpr bool isFloatMatrix() {
+    return KindOf<U>::kind == Kind::floatMatrix;
+}
+template <class U>
+constexpr bool isMatrix() {
+    return isFloatMatrix<U>() || KindOf<U>::kind == Kind::matrix;
+}
+template <class U>
+constexpr bool isNoQuaternion() {
+    return isMatrix<U>() || KindOf<U>::kind == Kind::vector2 || KindOf<U>::kind == Kind::vector;
+}
+template <class U>
+constexpr bool isNoVector3() {
+    return KindOf<U>::kind != Kind::other && KindOf<U>::kind != Kind::vector;
+}
+template <bool>
+struct Enable {};
+template <>
+struct Enable<true> {
     using type = int;
 };
+template <bool condition>
+using If = typename Enable<condition>::type;
 
 }  // namespace internal
 

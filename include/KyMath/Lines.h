@@ -102,7 +102,7 @@ public:
 };
 
 /// Writes p1:x y z p2:x y z in the stream's own format, without a line end.
-KY_API std::ostream& operator<<(std::ostream& os, const Line3& line);
+KY_STREAMS KY_API std::ostream& operator<<(std::ostream& os, const Line3& line);
 
 }  // namespace KyMath
 

@@ -41,18 +41,18 @@ public:
     Matrix44T(const double (*s)[3]);
     Matrix44T(const Matrix44T& m);
     /// Not from anything shorter, nor from the other scalar type.
-    Matrix44T(int) = delete;
-    Matrix44T(std::nullptr_t) = delete;
+    Matrix44T(int) KY_DELETED("0 would be read as a pointer");
+    Matrix44T(std::nullptr_t) KY_DELETED("0 would be read as a pointer");
     template <class U>
-    Matrix44T(const Vector2T<U>&) = delete;
+    Matrix44T(const Vector2T<U>&) KY_DELETED("it would read past the end");
     template <class U>
-    Matrix44T(const Vector3T<U>&) = delete;
+    Matrix44T(const Vector3T<U>&) KY_DELETED("it would read past the end");
     template <class U>
-    Matrix44T(const Vector4T<U>&) = delete;
+    Matrix44T(const Vector4T<U>&) KY_DELETED("it would read past the end");
     template <class U>
-    Matrix44T(const QuaternionT<U>&) = delete;
+    Matrix44T(const QuaternionT<U>&) KY_DELETED("it would read past the end");
     template <class U>
-    Matrix44T(const Matrix44T<U>&) = delete;
+    Matrix44T(const Matrix44T<U>&) KY_DELETED("the scalar types differ");
     /// @}
 
     Matrix44T& operator=(const Matrix44T& m);
@@ -168,7 +168,8 @@ extern template class Matrix44T<double>;
 
 /// Not printable as it stands: through the conversion to a pointer it would print an address.
 template <class T>
-std::ostream& operator<<(std::ostream& os, const Matrix44T<T>& m) = delete;
+std::ostream& operator<<(std::ostream& os, const Matrix44T<T>& m)
+    KY_DELETED("it would print an address: write the components");
 
 }  // namespace KyMath
 

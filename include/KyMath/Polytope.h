@@ -33,22 +33,23 @@ class KY_API Polytope {
 public:
     /// @name Construction and assignment
     /// @{
-    Polytope();  ///< No planes: contains every box.
-    Polytope(const std::vector<PlaneT<double>>& planes);
-    Polytope(const Polytope& p);  ///< Copies the planes with fresh corner indices.
+    KY_CONTAINERS Polytope();  ///< No planes: contains every box.
+    KY_CONTAINERS Polytope(const std::vector<PlaneT<double>>& planes);
+    KY_CONTAINERS Polytope(const Polytope& p);  ///< Copies the planes with fresh corner indices.
     ~Polytope();
     Polytope& operator=(const Polytope& p);  ///< Copies the planes as they are.
     /// @}
 
     /// @name Planes
     /// @{
-    void set(const std::vector<PlaneT<double>>& planes);  ///< Copies with fresh corner indices.
+    /// Copies with fresh corner indices.
+    KY_CONTAINERS void set(const std::vector<PlaneT<double>>& planes);
     void add(const PlaneT<double>& plane);  ///< Appends a copy with fresh corner indices.
     void clear();                           ///< Removes all planes.
     /// The six faces of the box, with their positive sides inwards: x > min.x, x < max.x, then y
     /// and z. The validity of the box is not checked.
     void setToBoundingBox(const BoundingBoxT<double>& box);
-    const std::vector<PlaneT<double>>& getPlanes() const;
+    KY_CONTAINERS const std::vector<PlaneT<double>>& getPlanes() const;
     /// @}
 
     /// @name Masks
@@ -57,7 +58,8 @@ public:
     void pushCurrentMask();  ///< Once the stack has grown, pushing allocates nothing.
     void popCurrentMask();   ///< The stack must not be empty, nor be left empty before contains().
     unsigned int getCurrentMask() const;
-    const std::vector<unsigned int>& getMaskStack() const;  ///< The last element is the top.
+    /// The last element is the top.
+    KY_CONTAINERS const std::vector<unsigned int>& getMaskStack() const;
     /// @}
 
     /// False if the box is wholly outside one of the planes in the mask on top of the stack. True

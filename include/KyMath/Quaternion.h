@@ -34,20 +34,20 @@ public:
     /// Not from a vector, which has another component order, nor from a matrix or rigid transform,
     /// whose first column it would take (see Transformation::getRotationAsQuaternionT and
     /// Ky::KyTransform::toQuaternion), nor from 0 or nullptr.
-    template <class U, typename internal::NotAQuaternion<U>::type = 0>
-    QuaternionT(const U&) = delete;
-    QuaternionT(int) = delete;
-    QuaternionT(std::nullptr_t) = delete;
+    template <class U, internal::If<internal::isNoQuaternion<U>()> = 0>
+    QuaternionT(const U&) KY_DELETED("its values are not w, x, y, z");
+    QuaternionT(int) KY_DELETED("0 would be read as a pointer");
+    QuaternionT(std::nullptr_t) KY_DELETED("0 would be read as a pointer");
     /// @}
 
     /// @name Assignment
     /// @{
     QuaternionT& operator=(const QuaternionT& q);
     QuaternionT& operator=(const T* a);  ///< w, x, y, z = a[0], a[1], a[2], a[3]
-    template <class U, typename internal::NotAQuaternion<U>::type = 0>
-    QuaternionT& operator=(const U&) = delete;
-    QuaternionT& operator=(int) = delete;
-    QuaternionT& operator=(std::nullptr_t) = delete;
+    template <class U, internal::If<internal::isNoQuaternion<U>()> = 0>
+    QuaternionT& operator=(const U&) KY_DELETED("its values are not w, x, y, z");
+    QuaternionT& operator=(int) KY_DELETED("0 would be read as a pointer");
+    QuaternionT& operator=(std::nullptr_t) KY_DELETED("0 would be read as a pointer");
     void set(T w, T x, T y, T z);
     /// @}
 
@@ -56,6 +56,8 @@ public:
     void get(T* w, T* x, T* y, T* z) const;  ///< Writes all four; none may be null.
     void get(T* a) const;                    ///< a[0..3] = w, x, y, z: room for four
     void get(QuaternionT& q) const;          ///< q = *this
+    template <class U, internal::If<internal::isNoQuaternion<U>()> = 0>
+    void get(const U&) const KY_DELETED("it would write w, x, y, z over other values");
     T w() const;
     T x() const;
     T y() const;
@@ -76,10 +78,10 @@ public:
     /// @{
     bool operator==(const QuaternionT& q) const;  ///< Exact, by component; false with any NaN.
     bool operator!=(const QuaternionT& q) const;  ///< Not ==; true with any NaN.
-    bool operator<(const QuaternionT&) const = delete;  ///< These would compare addresses.
-    bool operator>(const QuaternionT&) const = delete;
-    bool operator<=(const QuaternionT&) const = delete;
-    bool operator>=(const QuaternionT&) const = delete;
+    bool operator<(const QuaternionT&) const KY_DELETED("it would compare addresses");
+    bool operator>(const QuaternionT&) const KY_DELETED("it would compare addresses");
+    bool operator<=(const QuaternionT&) const KY_DELETED("it would compare addresses");
+    bool operator>=(const QuaternionT&) const KY_DELETED("it would compare addresses");
     /// Whether each pair of components is equal within tol by the mixed rule of Ky/Tolerance.h, all
     /// in T. q and -q, the same rotation, are not equal.
     static bool areEqualTol(const QuaternionT& a, const QuaternionT& b, T tol);
@@ -194,7 +196,8 @@ extern template class QuaternionT<double>;
 
 /// Not printable as it stands: through the conversion to a pointer it would print an address.
 template <class T>
-std::ostream& operator<<(std::ostream& os, const QuaternionT<T>& q) = delete;
+std::ostream& operator<<(std::ostream& os, const QuaternionT<T>& q)
+    KY_DELETED("it would print an address: write the components");
 
 }  // namespace KyMath
 

@@ -30,9 +30,12 @@ public:
     Vector2T(const Vector2T& v) = default;
     Vector2T& operator=(const Vector2T& v);
     void set(T x, T y);
-    /// Not from 0 or nullptr, which would be read as a pointer.
-    Vector2T(int) = delete;
-    Vector2T(std::nullptr_t) = delete;
+    /// Not from 0 or nullptr, which would be read as a pointer, nor from a matrix or rigid
+    /// transform.
+    template <class U, internal::If<internal::isMatrix<U>()> = 0>
+    Vector2T(const U&) KY_DELETED("it would take column 0");
+    Vector2T(int) KY_DELETED("0 would be read as a pointer");
+    Vector2T(std::nullptr_t) KY_DELETED("0 would be read as a pointer");
     /// @}
 
     /// @name Access: index 0 is x
@@ -59,8 +62,8 @@ public:
     bool operator!=(const Vector2T& v) const;  ///< Not ==; true with any NaN.
     bool operator<(const Vector2T& v) const;   ///< normSquare() < v.normSquare(): shorter than v
     bool operator>(const Vector2T& v) const;   ///< normSquare() > v.normSquare(): longer than v
-    bool operator<=(const Vector2T&) const = delete;  ///< It would compare addresses.
-    bool operator>=(const Vector2T&) const = delete;
+    bool operator<=(const Vector2T&) const KY_DELETED("it would compare addresses");
+    bool operator>=(const Vector2T&) const KY_DELETED("it would compare addresses");
     /// Whether each pair of components is equal within tol, by the rule of Vector3T::areEqualTol.
     static bool areEqualTol(const Vector2T& a, const Vector2T& b, double tol);
     /// @}
@@ -117,7 +120,8 @@ extern template class Vector2T<double>;
 
 /// Not printable as it stands: through the conversion to a pointer it would print an address.
 template <class T>
-std::ostream& operator<<(std::ostream& os, const Vector2T<T>& v) = delete;
+std::ostream& operator<<(std::ostream& os, const Vector2T<T>& v)
+    KY_DELETED("it would print an address: write the components");
 
 }  // namespace KyMath
 

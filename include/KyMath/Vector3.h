@@ -27,19 +27,23 @@ public:
     Vector3T(const T* p);  ///< (p[0], p[1], p[2])
     Vector3T(T x, T y, T z);
     /// Not from a shorter vector, 0 or nullptr, which would be read past their end as pointers, nor
-    /// from a quaternion, which begins with w.
+    /// from a quaternion, which begins with w, a matrix or a rigid transform.
     template <class U>
-    Vector3T(const Vector2T<U>&) = delete;
+    Vector3T(const Vector2T<U>&) KY_DELETED("it would read past the end");
     template <class U>
-    Vector3T(const QuaternionT<U>&) = delete;
-    Vector3T(int) = delete;
-    Vector3T(std::nullptr_t) = delete;
+    Vector3T(const QuaternionT<U>&) KY_DELETED("a quaternion begins with w");
+    template <class U, internal::If<internal::isMatrix<U>()> = 0>
+    Vector3T(const U&) KY_DELETED("it would take column 0");
+    Vector3T(int) KY_DELETED("0 would be read as a pointer");
+    Vector3T(std::nullptr_t) KY_DELETED("0 would be read as a pointer");
     /// @}
 
     /// @name Assignment
     /// @{
     void set(T x, T y, T z);
     static void set(double* out, const Vector3T& v);  ///< out[0..2] = v, widened to double
+    static void set(const Vector2T<double>&, const Vector3T&)
+        KY_DELETED("it would write past the end");
     /// @}
 
     /// @name Access: index 0 is x
@@ -70,8 +74,8 @@ public:
     bool operator!=(const Vector3T& v) const;  ///< Not ==; true with any NaN.
     bool operator<(const Vector3T& v) const;   ///< normSquare() < v.normSquare(): shorter than v
     bool operator>(const Vector3T& v) const;   ///< normSquare() > v.normSquare(): longer than v
-    bool operator<=(const Vector3T&) const = delete;  ///< It would compare addresses.
-    bool operator>=(const Vector3T&) const = delete;
+    bool operator<=(const Vector3T&) const KY_DELETED("it would compare addresses");
+    bool operator>=(const Vector3T&) const KY_DELETED("it would compare addresses");
     /// Whether each pair of components is equal within tol by the mixed rule of Ky/Tolerance.h,
     /// with differences formed in T, divided and compared in double.
     static bool areEqualTol(const Vector3T& a, const Vector3T& b, double tol);
@@ -190,7 +194,8 @@ extern template class Vector3T<double>;
 
 /// Not printable as it stands: through the conversion to a pointer it would print an address.
 template <class T>
-std::ostream& operator<<(std::ostream& os, const Vector3T<T>& v) = delete;
+std::ostream& operator<<(std::ostream& os, const Vector3T<T>& v)
+    KY_DELETED("it would print an address: write the components");
 
 }  // namespace KyMath
 

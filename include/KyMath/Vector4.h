@@ -24,20 +24,22 @@ public:
     /// @{
     Vector4T();  ///< (0, 0, 0, 0)
     Vector4T(const Vector4T& v);
-    Vector4T(const T* p);                 ///< (p[0], p[1], p[2], p[3])
-    Vector4T(const std::array<T, 4>& a);  ///< (a[0], a[1], a[2], a[3])
+    Vector4T(const T* p);                               ///< (p[0], p[1], p[2], p[3])
+    KY_CONTAINERS Vector4T(const std::array<T, 4>& a);  ///< (a[0], a[1], a[2], a[3])
     Vector4T(T x, T y, T z, T w);
     Vector4T(const Vector3T<T>& v, T w);  ///< (v.x, v.y, v.z, w)
     /// Not from a shorter vector, 0 or nullptr, which would be read past their end as pointers, nor
-    /// from a quaternion, which begins with w.
+    /// from a quaternion, which begins with w, a matrix or a rigid transform.
     template <class U>
-    Vector4T(const Vector2T<U>&) = delete;
+    Vector4T(const Vector2T<U>&) KY_DELETED("it would read past the end");
     template <class U>
-    Vector4T(const Vector3T<U>&) = delete;
+    Vector4T(const Vector3T<U>&) KY_DELETED("it would read past the end");
     template <class U>
-    Vector4T(const QuaternionT<U>&) = delete;
-    Vector4T(int) = delete;
-    Vector4T(std::nullptr_t) = delete;
+    Vector4T(const QuaternionT<U>&) KY_DELETED("a quaternion begins with w");
+    template <class U, internal::If<internal::isMatrix<U>()> = 0>
+    Vector4T(const U&) KY_DELETED("it would take column 0");
+    Vector4T(int) KY_DELETED("0 would be read as a pointer");
+    Vector4T(std::nullptr_t) KY_DELETED("0 would be read as a pointer");
     /// @}
 
     /// @name Assignment
@@ -45,13 +47,15 @@ public:
     Vector4T& operator=(const Vector4T& v);
     Vector4T& operator=(const T* p);  ///< (p[0], p[1], p[2], p[3])
     template <class U>
-    Vector4T& operator=(const Vector2T<U>&) = delete;
+    Vector4T& operator=(const Vector2T<U>&) KY_DELETED("it would read past the end");
     template <class U>
-    Vector4T& operator=(const Vector3T<U>&) = delete;
+    Vector4T& operator=(const Vector3T<U>&) KY_DELETED("it would read past the end");
     template <class U>
-    Vector4T& operator=(const QuaternionT<U>&) = delete;
-    Vector4T& operator=(int) = delete;
-    Vector4T& operator=(std::nullptr_t) = delete;
+    Vector4T& operator=(const QuaternionT<U>&) KY_DELETED("a quaternion begins with w");
+    template <class U, internal::If<internal::isMatrix<U>()> = 0>
+    Vector4T& operator=(const U&) KY_DELETED("it would take column 0");
+    Vector4T& operator=(int) KY_DELETED("0 would be read as a pointer");
+    Vector4T& operator=(std::nullptr_t) KY_DELETED("0 would be read as a pointer");
     void set(T x, T y, T z, T w);
     void set(const Vector4T& v);
     /// @}
@@ -85,8 +89,8 @@ public:
     bool operator!=(const Vector4T& v) const;  ///< Not ==; true with any NaN.
     bool operator<(const Vector4T& v) const;   ///< normSquare() < v.normSquare(): shorter than v
     bool operator>(const Vector4T& v) const;   ///< normSquare() > v.normSquare(): longer than v
-    bool operator<=(const Vector4T&) const = delete;  ///< It would compare addresses.
-    bool operator>=(const Vector4T&) const = delete;
+    bool operator<=(const Vector4T&) const KY_DELETED("it would compare addresses");
+    bool operator>=(const Vector4T&) const KY_DELETED("it would compare addresses");
     /// Whether each pair of components is equal within tol, by the rule of Vector3T::areEqualTol.
     static bool areEqualTol(const Vector4T& a, const Vector4T& b, double tol);
     bool isZero() const;    ///< All components equal 0 (either sign) exactly.
@@ -139,7 +143,8 @@ extern template class Vector4T<double>;
 
 /// Not printable as it stands: through the conversion to a pointer it would print an address.
 template <class T>
-std::ostream& operator<<(std::ostream& os, const Vector4T<T>& v) = delete;
+std::ostream& operator<<(std::ostream& os, const Vector4T<T>& v)
+    KY_DELETED("it would print an address: write the components");
 
 }  // namespace KyMath
 

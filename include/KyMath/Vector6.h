@@ -18,10 +18,11 @@ public:
     Vector6(double a0, double a1, double a2, double a3, double a4, double a5);
     Vector6(const double* first, const double* second);  ///< first[0..2], then second[0..2]
     Vector6(const Vector6& v) = default;
-    /// Not from shorter vectors or 0, which would be read past their end as pointers.
-    template <class T>
-    Vector6(const Vector2T<T>&, const Vector2T<T>&) = delete;
-    Vector6(int, int) = delete;
+    /// Neither from a shorter vector, 0 or nullptr, which would be read past their end as pointers,
+    /// nor from a quaternion, matrix or rigid transform.
+    template <class A, class B,
+              internal::If<internal::isNoVector3<A>() || internal::isNoVector3<B>()> = 0>
+    Vector6(const A&, const B&) KY_DELETED("each half is read as three values x, y, z");
     Vector6& operator=(const Vector6& v);
     void set(const Vector3T<double>& first, const Vector3T<double>& second);
     /// @}
@@ -48,7 +49,7 @@ private:
 
 /// Writes the six components in the stream's own format, with one space between them and nothing
 /// before or after: (1, 2, 3, 4, 5, 6) prints as 1 2 3 4 5 6.
-KY_API std::ostream& operator<<(std::ostream& os, const Vector6& v);
+KY_STREAMS KY_API std::ostream& operator<<(std::ostream& os, const Vector6& v);
 
 }  // namespace KyMath
 

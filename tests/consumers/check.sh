@@ -49,7 +49,9 @@ diff -r "$work/expected" "$work/root"
 
 try package -DKYMATH_FROM=package "-DCMAKE_PREFIX_PATH=$work/prefix"
 try subdirectory -DKYMATH_FROM=subdirectory "-DKYMATH_SOURCE=$source"
-try fetch -DKYMATH_FROM=fetch "-DKYMATH_SOURCE=$source"
+# A whole project may have a standard library of its own.
+if [[ $("$compiler" --version) == *clang* ]]; then mode=-stdlib=libc++; else mode=-D_GLIBCXX_DEBUG; fi
+try fetch -DKYMATH_FROM=fetch "-DKYMATH_SOURCE=$source" "-DCMAKE_CXX_FLAGS=$mode"
 for name in package subdirectory; do
     diff "$work/$name/before" "$work/$name/after" || { echo "changed in the client: $name"; exit 1; }
 done
@@ -75,10 +77,15 @@ if grep -qw fma /proc/cpuinfo && [[ $("$compiler" --version) != *clang* ]]; then
 fi
 
 export PKG_CONFIG_PATH=$library_dir/pkgconfig
+pkg-config --exact-version=1.0.0 KyMath
 flags=$(pkg-config --cflags --libs KyMath)
-# shellcheck disable=SC2086  # the flags are words
-"$compiler" -std=c++11 "$consumer/main.cpp" $flags -o "$work/plain"
-LD_LIBRARY_PATH=$library_dir "$work/plain"
+for own in -D_GLIBCXX_USE_CXX11_ABI=0 "-DWITHHELD $mode"; do
+    # shellcheck disable=SC2086  # the flags are words
+    "$compiler" -std=c++11 $own "$consumer/main.cpp" $flags -o "$work/plain"
+    LD_LIBRARY_PATH=$library_dir "$work/plain"
+done
+[[ $(pkg-config --static --libs KyMath) == *"-lKyMath -lm"* ]] ||
+    { echo "pkg-config: not all that the archive needs"; exit 1; }
 
 readelf -dW "$library_dir/libKyMath.so" | grep -qF "soname: [libKyMath.so.${version%%.*}]"
 [[ $(readlink -f "$library_dir/libKyMath.so") == */libKyMath.so.$version ]]

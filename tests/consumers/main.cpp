@@ -5,8 +5,12 @@
 #include <cstdio>
 #include <cstring>
 #include <initializer_list>
+#include <iostream>
+#include <vector>
 
 using namespace KyMath;
+
+// WITHHELD: built with another standard library than KyMath, without what holds its containers.
 
 // Constants of the library are ready for the initialisers of a client.
 static const Matrix44d identity = Matrix44d::kIdentity;
@@ -32,5 +36,13 @@ int main() {
     const Matrix44d m = Transformation::createTranslationT(1.0, 2.0, 3.0);
     const Vector3d p = Transformation::transformPositionT(m, Vector3d(1, 1, 1));
     std::printf("%g %g %g %lx\n", p.x(), p.y(), p.z(), digest());
+#ifndef WITHHELD
+    Polytope room;
+    room.setToBoundingBox(BoundingBoxd(0, 0, 0, 1, 1, 1));
+    std::vector<Vector3d> curve(3, p);
+    CreateBezier(curve, 9, curve);
+    std::cout << Line3(p, p) << '\n';
+    if (room.getMaskStack() != std::vector<unsigned>{0, 63} || curve[4] != p) return 1;
+#endif
     return p == Vector3d(2, 3, 4) && identity == Matrix44d() ? 0 : 1;
 }

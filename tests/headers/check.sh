@@ -3,7 +3,7 @@
 # SPDX-License-Identifier: Apache-2.0
 #
 # check.sh INCLUDE_DIR COMPILER [--update]: each public header compiles alone, and all of them in any
-# order, under C++11 to C++23 without a warning; a wrong scalar type gives one readable error; headers
+# order, under C++11 to C++23 without a warning; what must not compile gives one readable error; headers
 # cost their clients what cost.txt says. After a deliberate change of that: --update.
 set -uo pipefail
 include=$1
@@ -56,14 +56,60 @@ done)
 [[ ${3:-} != --update ]] || echo "$measured" >"$cost"
 diff "$cost" - <<<"$measured" || fail "included: as recorded (<), now (>)"
 
-for type in Vector3T Vector4T Matrix44T QuaternionT BoundingBoxT PlaneT; do
-    errors=$(echo "#include <KyMath/KyMath.h>
-                   void f() { KyMath::$type<int> value; }" | compile -std=c++17 2>&1 | grep 'error:')
-    [[ -n $errors ]] || fail "$type<int> compiles"
-    grep -v "KyMath: the scalar type must be float or double" <<<"$errors" && fail "$type<int>"
-done
-echo "#include <Ky/Tolerance.h>
-      bool f() { return Ky::KY_ARE_EQUAL(1.0f, 1.0f); }" | compile 2>/dev/null &&
-    fail "KY_ARE_EQUAL of floats compiles"
+# refused MESSAGE FLAG...: each line that is read gives errors, all of them with that message.
+refused() {
+    local line errors
+    while read -r line; do
+        errors=$(echo "#include <KyMath/KyMath.h>
+            using namespace KyMath;
+            void f(std::ostream& os, double* p, Quaterniond q, Vector2d v2, Vector3d v3, Vector4d v4,
+                   Matrix44d m, Matrix44f mf, Ky::KyTransform t, Ky::KyEulerAngles e) { $line; }" |
+            compile "${@:2}" 2>&1 | grep 'error:')
+        [[ $errors ]] || fail "${*:2} compiles: $line"
+        grep -v "$1" <<<"$errors" && fail "the message is not '$1': $line"
+    done
+}
+scalars=$(printf '%s<int> value\n' {Vector{2,3,4},Matrix44,Quaternion,BoundingBox,Plane}T)
+refused "KyMath: the scalar type must be float or double" -std=c++17 <<<"$scalars"
+deleted="v3 = v2
+    v3 = q
+    v2 = m
+    Vector3d{m}
+    Vector3d x = t
+    Vector4d{mf}
+    v4 = m
+    v4 = t
+    Vector3d::set(v2, v3)
+    q.get(v3)
+    q.get(t)
+    Vector6(v3, v2)
+    Vector6(v2, p)
+    Vector6(0, 0)
+    Vector6(p, nullptr)
+    Vector6(m, v3)
+    e.toMatrix44(mf)
+    e.fromMatrix44(mf, e.order())
+    v3 <= v3
+    os << v3
+    Ky::KY_ARE_EQUAL(1.0f, 1.0f)"
+refused deleted -std=c++11 <<<"$deleted"
+containers="Polytope room
+    struct { Polytope room; } scene
+    Polytope *copy = new Polytope(*static_cast<Polytope*>(nullptr))
+    static_cast<Polytope*>(nullptr)->getMaskStack()
+    static_cast<Polytope*>(nullptr)->getPlanes()
+    std::vector<Vector3d> c; CreateLinearInterpolation(v3, v3, 2, c)
+    std::vector<Vector3d> c; CreateBezier(c, 2, c)
+    std::vector<Vector3d> c; CreateBSpline(c, 2, c)
+    std::vector<Vector3d> c; CreateCatmullRomSpline(c, 2, c)
+    std::vector<Vector3d> c; CreateCurve(eCurveBezier, c, 2, c)
+    v4 = std::array<double, 4>{}"
+refused "KyMath: containers differ" -std=c++11 -D_GLIBCXX_DEBUG <<<"$containers"
+if [[ $("$compiler" --version) == *clang* ]]; then
+    refused "KyMath: the library was built with another" -std=c++11 -stdlib=libc++ <<<"$containers
+        os << Vector6(p, p)
+        os << Line3()
+        os << e"
+fi
 
 exit $((failures > 0))
