@@ -5,7 +5,6 @@
 #include <KyMath/BoundingBox.h>
 #include <KyMath/Matrix.h>
 
-#include "bounds/CornerDistance.h"
 #include "internal/Components.h"
 
 #include <cmath>
@@ -88,9 +87,9 @@ T PlaneT<T>::distance(const Vector3T<T>& p) const {
 }
 template <class T>
 int PlaneT<T>::intersect(const BoundingBoxT<T>& box) const {
-    const T* const values = box.getMin();  // and the maximum behind it
-    if (internal::cornerDistance<T>(v_, values, lower_) > 0) return 1;
-    if (internal::cornerDistance<T>(v_, values, upper_) < 0) return -1;
+    if (distance(box.corner(lower_)) > 0)
+        return 1;  // the upper corner of an inverted box may differ
+    if (distance(box.corner(upper_)) < 0) return -1;
     return 0;
 }
 template <class T>

@@ -177,8 +177,7 @@ void decomposeT(const Matrix44T<T>& m, Vector3T<T>& scale, Vector3T<T>& rotation
     scale = normalizeColumns(n);
 
     rotation = anglesOf(n);
-    const T y = rotation.y();
-    if (!(double(std::abs(y)) < kGimbalLock)) {
+    if (const T y = rotation.y(); !(double(std::abs(y)) < kGimbalLock)) {
         const T k = y >= 0 ? T(-1) : T(1);
         rotation.set(internal::atan2(n(2, 1), k * n(2, 0)), y, 0);
     }
