@@ -11,12 +11,11 @@
 #include "bounds/Mask.h"
 #include "lanes/Kernels.h"
 
-namespace KyMath {
-namespace Batch {
+namespace KyMath::Batch {
 
 namespace {
 
-/// The values of elements that are nothing but values of T.
+/// Views an array of V as its values of type T.
 template <class T, class V>
 internal::Strided<const T> valuesOf(const V* elements, std::size_t stride) {
     return {reinterpret_cast<const T*>(elements), stride};
@@ -101,5 +100,4 @@ KY_INSTANTIATE(float)
 KY_INSTANTIATE(double)
 #undef KY_INSTANTIATE
 
-}  // namespace Batch
-}  // namespace KyMath
+}  // namespace KyMath::Batch

@@ -37,7 +37,7 @@ void BoundingBoxT<T>::set(T xMin, T yMin, T zMin, T xMax, T yMax, T zMax) {
 }
 template <class T>
 void BoundingBoxT<T>::set(const Vector3T<T>& min, const Vector3T<T>& max) {
-    *this = BoundingBoxT(min, max);  // by way of a copy: min may be the present maximum
+    *this = BoundingBoxT(min, max);  // through a copy: min may be the current maximum
 }
 
 template <class T>
@@ -133,8 +133,8 @@ T BoundingBoxT<T>::radius2() const {
 
 namespace {
 
-// The bounds of an interval that grows to hold another value, which may be of the wider type W:
-// compared there, narrowed when taken. A NaN changes nothing.
+// The bounds of an interval after it has grown to include a value, which may have the wider type W:
+// compared in W, narrowed when taken. A NaN changes nothing.
 template <class T, class W>
 inline T lower(T min, W low) {
     return W(min) > low ? T(low) : min;
@@ -205,7 +205,7 @@ bool BoundingBoxT<T>::intersect(const Vector3T<T>& origin, const Vector3T<T>& di
     T near = -std::numeric_limits<T>::infinity();
     T far = std::numeric_limits<T>::infinity();
     for (int i = 0; i < 3; ++i) {
-        // The largest finite number in place of 1 / 0: an infinity would give NaN on the faces.
+        // The largest finite number instead of 1 / 0: infinity would give NaN on the faces.
         const T r = direction[i] == 0 ? std::numeric_limits<T>::max() : 1 / direction[i];
         const T t1 = r * (min_[i] - origin[i]);
         const T t2 = r * (max_[i] - origin[i]);

@@ -71,8 +71,8 @@ void BoundingSphere::expandBy(const BoundingSphere& s) {
     radius_ = radius;
 }
 
-// Deliberate: the far points of the old sphere stand in for it, one for each corner of b. The
-// result may even be smaller than the old sphere. Pinned by BoundingSphereTest.
+// Deliberate: eight points of the old sphere represent it, each opposite a corner of b. The result
+// can even be smaller than the old sphere. Pinned by BoundingSphereTest.
 void BoundingSphere::expandBy(const BoundingBoxT<double>& b) {
     if (!b.valid()) return;
     BoundingBoxT<double> box(b);

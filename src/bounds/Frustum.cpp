@@ -14,7 +14,7 @@ Frustum& Frustum::operator=(const Frustum& f) = default;
 
 void Frustum::setToWorldSpaceFrustum(const Matrix44T<float>& view,
                                      const Matrix44T<float>& projection) {
-    // Planes map from clip space to world space by the transpose of what maps points the other way.
+    // The transpose of the matrix that maps points from world space to clip space maps planes back.
     Matrix44T<float> toWorld = Matrix44T<float>::multiply(projection, view);
     toWorld.transpose();
     // Deliberate: this one element, compared exactly, marks a perspective projection, whose depth

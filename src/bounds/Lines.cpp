@@ -11,21 +11,21 @@ namespace KyMath {
 
 namespace {
 
-/// What squared lengths and their like must exceed to be divided by.
+/// Divisors (squared lengths and products of them) must exceed this.
 constexpr double kTolerance = 1e-7;
 
 Vector3d pointAt(const Line3& line, double t) {
     return line.p2 * t + line.p1 * (1 - t);
 }
 
-/// Writes the point unless there is nowhere to. Returns its distance from q, which may be *out.
+/// Writes the point to *out if out is not null. Returns its distance from q, which may be *out.
 double report(const Vector3d& point, const Vector3d& q, Vector3d* out) {
     const double distance = Vector3d::distance(point, q);
     if (out) *out = point;
     return distance;
 }
 
-/// The point of a line or segment that its distance to the target is measured from.
+/// The point of a line or segment from which distanceTo(target) measures.
 template <class Line, class Target>
 Vector3d closestPoint(const Line& line, const Target& target) {
     Vector3d closest;
@@ -127,8 +127,9 @@ double Segment3::distanceTo(const Vector3d& q, Vector3d* closest) const {
     return report(pointAt(*this, clamp(closestPointFactor(q))), q, closest);
 }
 
-// Deliberate: clamped factors are not computed anew from each other, and of a parallel segment only
-// the first point counts unless it lies wholly beyond an end. Pinned by LinesTest.
+// Deliberate: the factors are clamped independently, not recomputed from each other. Of a parallel
+// segment only the first point counts, unless the segment lies wholly beyond an end. Pinned by
+// LinesTest.
 double Segment3::distanceTo(const Segment3& segment, Vector3d* closest) const {
     if (!isParallel(segment)) {
         const Vector3d point = pointAt(*this, closestPointFactor(segment));

@@ -10,8 +10,7 @@
 #include <limits>
 #include <vector>
 
-namespace KyMath {
-namespace internal {
+namespace KyMath::internal {
 
 // Bit i of the mask of a polytope stands for plane i.
 constexpr std::size_t kMaskBits = std::numeric_limits<unsigned int>::digits;
@@ -21,7 +20,6 @@ inline std::size_t maskedPlanes(const std::vector<PlaneT<double>>& planes) {
     return std::min(planes.size(), kMaskBits);
 }
 
-}  // namespace internal
-}  // namespace KyMath
+}  // namespace KyMath::internal
 
 #endif

@@ -37,7 +37,7 @@ template <class T>
 PlaneT<T>::PlaneT(const Vector3T<T>& p1, const Vector3T<T>& p2, const Vector3T<T>& p3) {
     const Vector3T<T> cross = (p2 - p1).cross(p3 - p2);
     const T length = cross.norm();
-    // Held against the double 1e-6 for both types.
+    // Compared with the double 1e-6 for both types.
     const Vector3T<T> n = double(length) > 1e-6 ? cross / length : Vector3T<T>();
     set(n[0], n[1], n[2], -(n * p2));
 }
@@ -87,8 +87,8 @@ T PlaneT<T>::distance(const Vector3T<T>& p) const {
 }
 template <class T>
 int PlaneT<T>::intersect(const BoundingBoxT<T>& box) const {
-    if (distance(box.corner(lower_)) > 0)
-        return 1;  // the upper corner of an inverted box may differ
+    // The lower corner first: the upper corner of an inverted box can be on the other side.
+    if (distance(box.corner(lower_)) > 0) return 1;
     if (distance(box.corner(upper_)) < 0) return -1;
     return 0;
 }
@@ -100,8 +100,8 @@ int PlaneT<T>::intersectBoundingSphere(const Vector3T<T>& center, T radius) cons
     return 0;
 }
 
-// Deliberate: the corner indices are not refreshed, even where scaling carries a coefficient past
-// the epsilon that they depend on. Pinned by PlaneTest.
+// Deliberate: the corner indices are not refreshed, even if scaling moves a coefficient past the
+// epsilon that they depend on. Pinned by PlaneTest.
 template <class T>
 void PlaneT<T>::makeUnitLength() {
     v_ *= 1 / v_.xyz().norm();
@@ -111,7 +111,7 @@ unsigned int PlaneT<T>::calculateUpperLowerBBCorners() {
     constexpr T kEpsilon = std::numeric_limits<T>::epsilon();
     unsigned int upper = 0;
     for (int i = 0; i < 3; ++i) {
-        upper |= static_cast<unsigned int>(!(kEpsilon > v_[i])) << i;  // also set by a NaN
+        upper |= static_cast<unsigned int>(!(kEpsilon > v_[i])) << i;  // NaN also sets it
     }
     upper_ = upper;
     lower_ = ~upper & 7u;

@@ -22,8 +22,8 @@ void makeRoom(std::vector<unsigned int>& stack) {
     stack.pop_back();
 }
 
-// Copies planes as they are, corner indices included. The vector itself constructs copies, with
-// fresh indices, wherever its capacity or the standard library makes it do so.
+// Copies planes as they are, including their corner indices. The vector's own copies would get
+// fresh indices or not, depending on its capacity and on the standard library.
 void copyAsIs(const Planes& from, Planes& to) {
     to.resize(from.size());
     for (std::size_t i = 0; i < from.size(); ++i) to[i] = from[i];
@@ -89,8 +89,8 @@ const Planes& Polytope::getPlanes() const {
     return planes_;
 }
 
-// Deliberate: every change of the planes pushes, and nothing below is removed. Only the top of the
-// stack is ever read. Pinned by PolytopeTest.
+// Deliberate: every change of the planes pushes a mask and removes none. Only the top of the stack
+// is ever read. Pinned by PolytopeTest.
 void Polytope::setupMask() {
     const std::size_t n = planes_.size();
     const unsigned int all = n < internal::kMaskBits ? (1u << n) - 1 : ~0u;

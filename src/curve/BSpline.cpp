@@ -12,26 +12,27 @@ namespace KyMath {
 
 namespace {
 
-/// How a number of samples is shared among the segments of a curve.
+/// How the samples of a curve are distributed over its segments.
 struct Sharing {
     std::size_t segments;
-    std::size_t samples;  // of each segment
-    std::size_t start;    // the first sample of each segment that is taken; 1 after an extra P[0]
-    std::size_t extra;    // samples more: one each for the first, the last, the second segment, ...
+    std::size_t samples;  // per segment
+    std::size_t start;    // first sample taken of each segment: 1 if P[0] precedes them
+    std::size_t extra;    // further samples: one each for the first, last, second, ... segment
 
-    /// The number of samples of segment c, from 1 on.
+    /// The number of samples of segment c, counted from 1.
     std::size_t samplesOf(std::size_t c) const {
         const bool longer = c <= (extra + 1) / 2 || c > segments - extra / 2;
         return samples + (longer ? 1 : 0);
     }
 };
 
-/// For m control points and n > m samples, the last of which is the last control point: m + 1, m or
-/// m - 1 segments, whichever divides the others evenly first, else m with some extra samples.
+/// For m control points and n > m samples, of which the last is the last control point: m + 1, m or
+/// m - 1 segments, the first of these that shares the other samples evenly, or else m segments and
+/// extra samples.
 Sharing share(std::size_t m, std::size_t n) {
     const std::size_t low = n / (m + 1);
     const std::size_t high = low + 1;
-    // In the row of high and m + 1 the test never holds; the order of the others matters.
+    // The order matters. For m + 1 segments, the row of `high` never matches.
     const struct {
         std::size_t samples, remainder, start;
     } rows[] = {{low, 1, 0}, {high, 1, 0}, {low, 2, 1}};
@@ -45,19 +46,19 @@ Sharing share(std::size_t m, std::size_t n) {
     return {m, (n - 1) / m, 0, (n - 1) % m};
 }
 
-/// Index of control point j, 0 to 3, of segment c, from 1 on.
+/// Index of control point j, 0 to 3, of segment c, counted from 1.
 std::size_t controlIndex(std::size_t m, std::size_t segments, std::size_t c, std::size_t j) {
-    // Deliberate: three control points have rows of their own, so that fewer segments still end at
-    // the last of them. Pinned by CurvesTest.
+    // Deliberate: three control points have a table of their own, so that fewer segments still end
+    // at the last one. Pinned by CurvesTest.
     static constexpr std::size_t kThreeOfThree[3][4] = {{0, 0, 0, 1}, {0, 1, 1, 2}, {1, 2, 2, 2}};
     static constexpr std::size_t kTwoOfThree[2][4] = {{0, 0, 1, 1}, {0, 1, 2, 2}};
     if (m == 3 && segments == 3) return kThreeOfThree[c - 1][j];
     if (m == 3 && segments == 2) return kTwoOfThree[c - 1][j];
-    const std::size_t i = c + j;  // three more than the index, to stay above 0
+    const std::size_t i = c + j;  // the index plus 3, which is never negative
     return i < 3 ? 0 : std::min(i - 3, m - 1);
 }
 
-/// What each of four control points weighs at a sample.
+/// The weights of the four control points at a sample.
 struct Weights {
     double b[4];
 };

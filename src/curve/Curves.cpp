@@ -14,8 +14,7 @@ namespace {
 
 using Points = std::vector<Vector3d>;
 
-/// Makes out a list of count points with undefined values. Leaves it as it was when memory runs
-/// out.
+/// Resizes out; its values are unspecified. If memory runs out, out is unchanged.
 void allocate(Points& out, unsigned int count) {
     out.reserve(count);
     out.resize(count);
@@ -90,7 +89,7 @@ bool CreateCatmullRomSpline(const Points& controls, unsigned int count, Points& 
     Segment segment(p, u, k);
     for (unsigned int i = 0; i < count; ++i) {
         const double s = i * step;
-        // Deliberate: one segment at most. Pinned by CurvesTest.
+        // Deliberate: advances by at most one segment per sample. Pinned by CurvesTest.
         if (s > u[k + 1]) segment = Segment(p, u, ++k);
         const double x = (s - u[k]) / segment.length;
         if (x < 1e-8) {

@@ -8,12 +8,11 @@
 #include <cstddef>
 #include <optional>
 
-namespace KyMath {
-namespace internal {
+namespace KyMath::internal {
 
-/// What a curve of any type returns where it needs no formula of its own: with too few control
-/// points or samples, with as many samples as control points, and for a straight line. Otherwise
-/// nothing, and out is unchanged.
+/// The cases that are the same for all types of curves, with the value to return: too few control
+/// points or samples, as many samples as control points, two control points. Empty in all other
+/// cases, with out unchanged.
 inline std::optional<bool> simpleCurve(const std::vector<Vector3d>& controls, std::size_t fewest,
                                        unsigned int count, std::vector<Vector3d>& out) {
     const std::size_t m = controls.size();
@@ -26,7 +25,6 @@ inline std::optional<bool> simpleCurve(const std::vector<Vector3d>& controls, st
     return std::nullopt;
 }
 
-}  // namespace internal
-}  // namespace KyMath
+}  // namespace KyMath::internal
 
 #endif

@@ -4,8 +4,8 @@
 #define KYMATH_INTERNAL_ARITHMETIC_H
 
 // Every result is part of the interface, to the last bit. Flags that let the compiler round
-// differently would change results without a word: they stop the build instead. (GCC's own macro is 0
-// with any of them. The project's build appends -fno-fast-math, which undoes most.)
+// differently would change results without a word: they stop the build instead. (GCC's own macro is
+// 0 with any of them. The project's build appends -fno-fast-math, which undoes most.)
 #if defined(__FAST_MATH__) || (defined(__FINITE_MATH_ONLY__) && __FINITE_MATH_ONLY__) || \
     (defined(__GCC_IEC_559) && __GCC_IEC_559 == 0)
 #error "KyMath must be compiled without flags like -ffast-math: append -fno-fast-math"

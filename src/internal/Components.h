@@ -10,11 +10,10 @@
 #include <limits>
 #include <type_traits>
 
-// Component-wise work on the arrays that vectors, quaternions and matrices hold: one loop each,
-// unrolled by the compiler. Sums run from the first term on, left to right.
+// Component-wise work on the arrays in vectors, quaternions and matrices: one loop each, unrolled
+// by the compiler. Sums start with the first term and run left to right.
 
-namespace KyMath {
-namespace internal {
+namespace KyMath::internal {
 
 template <class T, std::size_t N>
 inline void copy(T (&a)[N], const T* b) {
@@ -78,16 +77,16 @@ inline bool isFinite(const T (&a)[N]) {
 }
 
 /// The mixed rule of every tolerant comparison, for two numbers of magnitudes absA and absB that
-/// differ by d: absolute when either is within tol of zero, otherwise relative to each of the two.
-/// A NaN fails.
+/// differ by d: absolute if either is within tol of zero, otherwise relative to each of the two.
+/// False for NaN.
 template <class T>
 inline bool withinTolerance(T d, T absA, T absB, T tol) {
     if (absA <= tol || absB <= tol) return d <= tol;
     return d / absA <= tol && d / absB <= tol;
 }
 
-/// The mixed rule for every pair of components, in the precision of tol: the difference is formed
-/// in T and then widened along with the magnitudes.
+/// The mixed rule for each pair of components, in the precision of tol: differences are formed in T
+/// and then widened, as are the magnitudes.
 template <class T, class Tol, std::size_t N>
 inline bool areEqualTol(const T (&a)[N], const T (&b)[N], Tol tol) {
     for (std::size_t i = 0; i < N; ++i) {
@@ -97,14 +96,14 @@ inline bool areEqualTol(const T (&a)[N], const T (&b)[N], Tol tol) {
     return true;
 }
 
-/// To unit length by one reciprocal, if the squared length is above 0.
+/// Normalises by one reciprocal if the squared length is above 0.
 template <class T, std::size_t N>
 inline void normalize(T (&a)[N]) {
     const T square = dot(a, a);
     if (square > 0) scale(a, 1 / std::sqrt(square));
 }
 
-/// To unit length by one reciprocal, if the length is above tol. *length becomes 0 otherwise.
+/// Normalises by one reciprocal if the length is above tol; otherwise *length becomes 0.
 template <class T, std::size_t N>
 inline bool normalize(T (&a)[N], T tol, T* length) {
     const T norm = std::sqrt(dot(a, a));
@@ -117,24 +116,22 @@ inline bool normalize(T (&a)[N], T tol, T* length) {
     return false;
 }
 
-/// Whether V is so many bytes without padding or hidden members: clients view it as an array.
+/// Whether V has the given size and standard layout: clients view it as an array of its values.
 template <class V, std::size_t Bytes>
 constexpr bool kIsPlain = sizeof(V) == Bytes&& std::is_standard_layout_v<V>;
-/// The same of a class template with N values.
+/// The same for both instances of a class template with N values.
 template <template <class> class V, std::size_t N>
 constexpr bool kArePlain =
     kIsPlain<V<float>, N * sizeof(float)>&& kIsPlain<V<double>, N * sizeof(double)>;
 
-}  // namespace internal
-}  // namespace KyMath
+}  // namespace KyMath::internal
 
 /// Constants are built before initialisers of ordinary priority, including those of clients that
 /// link the static archive. In the shared library they are ready before any client code anyway.
 #define KY_EARLY_CONSTANT __attribute__((init_priority(101)))
 
-/// Subscripts of a class template that holds its components in v_. The usual types of a loop
-/// counter are taken exactly; otherwise v[i] would be ambiguous with the subscript of the pointer
-/// that the class converts to.
+/// Subscripts of a class template with its components in v_. The usual types of loop counters match
+/// exactly: v[i] would otherwise be ambiguous with a subscript of the pointer that V converts to.
 #define KY_DEFINE_SUBSCRIPT(Class, Index)          \
     template <class T>                             \
     T& Class<T>::operator[](Index i) {             \
@@ -150,7 +147,7 @@ constexpr bool kArePlain =
     KY_DEFINE_SUBSCRIPT(Class, long)         \
     KY_DEFINE_SUBSCRIPT(Class, unsigned long)
 
-/// Subscripts of a class that holds a matrix in v_, column by column: the pointer to column c.
+/// Subscripts of a class with a matrix in v_, column by column: a pointer to column c.
 #define KY_DEFINE_COLUMN_SUBSCRIPT(Template, Class, T, Index) \
     Template T* Class::operator[](Index c) {                  \
         return v_ + 4 * c;                                    \

@@ -7,19 +7,18 @@
 
 #include <math.h>  // sincos, an extension of the C library
 
-namespace KyMath {
-namespace internal {
+namespace KyMath::internal {
 
-/// Returns x, as a value that the compiler knows nothing about. A call of libm with a constant
-/// argument would otherwise be evaluated at compile time, and differ in the last bit from the same
-/// call at run time.
+/// Returns x and hides its value from the compiler, which would evaluate calls of libm with
+/// constant arguments at compile time: the result could differ in the last bit from a call at run
+/// time.
 template <class T>
 inline T opaque(T x) {
     __asm__("" : "+x"(x));
     return x;
 }
 
-// Every call of libm beyond sqrt, which is exact, goes through these.
+// All calls of libm go through these, except sqrt, which is exact.
 
 inline float sin(float x) {
     return ::sinf(opaque(x));
@@ -54,7 +53,7 @@ struct SinCos {
     T s, c;
 };
 
-/// Sine and cosine of one angle by one call.
+/// Sine and cosine of an angle in one call.
 inline SinCos<float> sinCos(float x) {
     SinCos<float> r;
     ::sincosf(opaque(x), &r.s, &r.c);
@@ -66,7 +65,6 @@ inline SinCos<double> sinCos(double x) {
     return r;
 }
 
-}  // namespace internal
-}  // namespace KyMath
+}  // namespace KyMath::internal
 
 #endif

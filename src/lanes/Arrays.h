@@ -10,12 +10,11 @@
 
 // Elements of arrays, and four of them at once: one element to a lane.
 
-namespace KyMath {
-namespace internal {
+namespace KyMath::internal {
 
 template <class T>
 static KY_INLINE T* at(const Strided<T>& s, std::size_t i) {
-    using Byte = std::conditional_t<std::is_const<T>::value, const char, char>;
+    using Byte = std::conditional_t<std::is_const_v<T>, const char, char>;
     return reinterpret_cast<T*>(reinterpret_cast<Byte*>(s.first) + i * s.stride);
 }
 
@@ -55,7 +54,6 @@ static KY_INLINE void scatter(Strided<T> out, const Group<T>& group, Lanes<T> x,
     }
 }
 
-}  // namespace internal
-}  // namespace KyMath
+}  // namespace KyMath::internal
 
 #endif

@@ -2,14 +2,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "lanes/Kernels.h"
 
-namespace KyMath {
-namespace internal {
+namespace KyMath::internal {
 
 bool hasAvx2 = false;
 
 namespace {
 
-// Ahead of all initialisers of ordinary priority.
+// Runs before all initialisers of ordinary priority.
 __attribute__((constructor(101))) void askProcessor() {
     __builtin_cpu_init();
     hasAvx2 = __builtin_cpu_supports("avx2");
@@ -17,5 +16,4 @@ __attribute__((constructor(101))) void askProcessor() {
 
 }  // namespace
 
-}  // namespace internal
-}  // namespace KyMath
+}  // namespace KyMath::internal

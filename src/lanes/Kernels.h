@@ -7,34 +7,39 @@
 
 #include <cstddef>
 
-namespace KyMath {
-namespace internal {
+namespace KyMath::internal {
 
-/// Values of T that recur every stride bytes: the first of each element of an array.
+/// The elements of an array, stride bytes apart, each as the address of its first value.
 template <class T>
 struct Strided {
     T* first;
     std::size_t stride;
 };
 
-/// A plane: its coefficients, and the corners of a box that are furthest on its positive and on its
-/// negative side.
+/// A plane: its coefficients, and which corners of a box are furthest along and furthest against
+/// its normal.
 template <class T>
 struct CullPlane {
     T v[4];
     unsigned int upper, lower;
 };
 
-/// The instructions that kernels are compiled for: those of every x86-64, or AVX2 besides.
+/// The set of instructions that kernels are compiled for: that of every x86-64, or AVX2 as well.
 enum class Isa { baseline, avx2 };
 
-/// The inner parts of the functions that gain from wider instructions. Each is defined beside
-/// its type, in MatrixKernels.inc and so on, which lanes/Kernels.inc gathers and which are compiled
-/// once for each set: the same operations in the same order, and so the same bits.
+/// Kernels: the functions that gain from wider instructions. Each is defined beside its type, in
+/// MatrixKernels.inc and so on. lanes/Kernels.inc includes these files and is compiled once for
+/// each set: the same operations in the same order, and so the same bits.
 ///
-/// Matrices and rigid transforms are 16 values, element (r, c) at 4c + r; a box is its minimum and
-/// its maximum, 6 values. Operands are read as a whole before a result is written, in arrays up to
-/// eight elements at a time: a result may take the place of the operand with the same index.
+/// Matrices and rigid transforms are 16 values, element (r, c) at 4c + r; a box is 6 values, the
+/// minimum and the maximum. A result may be written over the operand with the same index: a kernel
+/// reads whole operands, of arrays up to eight elements, before it writes.
+///
+/// Single calls and array calls share their formulas as follows. Where the lanes hold one element
+/// (a matrix, a rigid transform, a box), an array call repeats the single one: a loop over its
+/// kernel, or for boxes a kernel of which the single call passes an array of one. Where the lanes
+/// hold several elements (points, boxes against planes), only array calls use the kernel; single
+/// calls are plain code in the source of the type.
 template <Isa S>
 struct Kernels {
     /// m = a b
@@ -89,11 +94,10 @@ inline std::size_t bezierWork(std::size_t m) {
     return 12 * (m - 1);
 }
 
-/// Whether the processor has AVX2: asked when the library is loaded, false before.
+/// Whether the processor has AVX2. False until the library is loaded.
 extern bool hasAvx2;
 
-}  // namespace internal
-}  // namespace KyMath
+}  // namespace KyMath::internal
 
 /// Calls the kernel for this processor: KY_KERNEL(matrixProduct(m, a, b)).
 #define KY_KERNEL(...)                                                             \

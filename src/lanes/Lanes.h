@@ -19,8 +19,7 @@
 
 #define KY_INLINE inline __attribute__((always_inline))
 
-namespace KyMath {
-namespace internal {
+namespace KyMath::internal {
 
 template <class T>
 struct LaneTypes;
@@ -196,7 +195,6 @@ static KY_INLINE V rowTimes3(const T* m, int r, V x, V y, V z) {
     return m[r] * x + m[4 + r] * y + m[8 + r] * z;
 }
 
-}  // namespace internal
-}  // namespace KyMath
+}  // namespace KyMath::internal
 
 #endif

@@ -110,8 +110,8 @@ const Ky::KyReal4* columns(const double (&v)[16]) {
         "Matrix44T<float>::operator Ky::KyReal4*(): "
         "Cannot return an array of double as a pointer to float");
 }
-// Deliberate: the message of the const conversion names double and swaps the types. The texts are
-// part of the interface. Pinned by MatrixTest.
+// Deliberate: the message of the const conversion names double and swaps the types. Both messages
+// are part of the interface. Pinned by MatrixTest.
 [[noreturn]] const Ky::KyReal4* columns(const float (&)[16]) {
     throw std::invalid_argument(
         "Matrix44T<double>::operator Ky::KyReal4*(): "
@@ -224,8 +224,8 @@ Matrix44T<T> Matrix44T<T>::inverse_orthogonal() const {
     return m;
 }
 
-// Deliberate: the bottom row, where inverse_orthogonal() takes the translation, and the rows of R,
-// where it takes the columns. For an affine matrix the translation becomes (-)0. Pinned by
+// Deliberate: reads the bottom row where inverse_orthogonal() reads the translation, and the rows
+// of R where it reads the columns. For an affine matrix the translation becomes 0 or -0. Pinned by
 // MatrixTest.
 template <class T>
 Matrix44T<T>& Matrix44T<T>::invert_orthogonal() {

@@ -142,7 +142,7 @@ QuaternionT<T> QuaternionT<T>::operator*(const T& s) const {
 
 namespace {
 
-/// Whether q may be divided by s. Says so on standard output if not.
+/// Whether s can be divided by. If not, prints a message on standard output.
 template <class T>
 bool isDivisor(T s) {
     if (std::abs(s) <= Ky::KY_SMALL_REAL<T>::epsilon) {
@@ -175,7 +175,7 @@ T QuaternionT<T>::norm() const {
 
 namespace {
 
-// A call of a kernel would take longer than four floats do.
+// For floats, calling a kernel would take longer than the product itself.
 void assignProduct(float* q, const float* a, const float* b) {
     internal::quaternionProduct(q, a, b);
 }
@@ -227,7 +227,8 @@ template <class T>
 void QuaternionT<T>::normalize() {
     const T square = internal::dot(v_, v_);
     if (square == 1) return;
-    // Deliberate: the squared length is held against the threshold. Pinned by QuaternionTest.
+    // Deliberate: the squared length, not the length, is compared with the threshold. Pinned by
+    // QuaternionTest.
     if (std::abs(square) <= Ky::KY_SMALL_REAL<T>::epsilon) {
         *this = QuaternionT();
     } else {
@@ -285,7 +286,7 @@ void QuaternionT<T>::toEulerXYZ(T* rx, T* ry, T* rz) const {
     const T z = v_[3];
     *rz = internal::atan2(2 * (x * y + w * z), w * w + x * x - y * y - z * z);
     *rx = internal::atan2(2 * (y * z + w * x), w * w - x * x - y * y + z * z);
-    // Deliberate: the argument is not clamped, and may be past +-1 by rounding. Pinned by
+    // Deliberate: the argument is not clamped; rounding can carry it past +-1. Pinned by
     // QuaternionTest.
     *ry = internal::asin(-2 * (x * z - w * y));
 }
@@ -336,7 +337,7 @@ void QuaternionT<T>::fromRotation(const Vector3T<T>& from, const Vector3T<T>& to
         axis = from.cross(to);
         axis.normalize();
     }
-    axis *= std::sqrt(T(0.5 - m));  // T again just before the roots
+    axis *= std::sqrt(T(0.5 - m));  // rounded to T before the roots
     set(std::sqrt(T(0.5 + m)), axis.x(), axis.y(), axis.z());
 }
 

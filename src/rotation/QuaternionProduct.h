@@ -5,8 +5,7 @@
 
 #include "lanes/Lanes.h"
 
-namespace KyMath {
-namespace internal {
+namespace KyMath::internal {
 
 /// q = left right, each w first. q may be either of them.
 template <class T>
@@ -27,7 +26,6 @@ static KY_INLINE void quaternionProduct(T* q, const T* left, const T* right) {
     store(q, a[0] * b + flip<T>(second, first) + flip<T>(third, first) - fourth);
 }
 
-}  // namespace internal
-}  // namespace KyMath
+}  // namespace KyMath::internal
 
 #endif

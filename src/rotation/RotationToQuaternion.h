@@ -9,12 +9,10 @@
 
 #include <cmath>
 
-namespace KyMath {
-namespace internal {
+namespace KyMath::internal {
 
-/// The unit quaternion of the 3x3 block of m, sixteen values with element (r, c) at 4c + r. squares
-/// is the sum of the squares of the nine elements, in the caller's order: a uniformly scaled
-/// rotation counts as a rotation.
+/// The unit quaternion of the 3x3 block of m, which has element (r, c) at 4c + r. The block may be
+/// scaled uniformly: squares is the sum of the squares of its nine elements, in the caller's order.
 template <class T>
 QuaternionT<T> rotationToQuaternion(const T* m, T squares) {
     const auto a = [m](int r, int c) { return m[4 * c + r]; };
@@ -42,7 +40,6 @@ QuaternionT<T> rotationToQuaternion(const T* m, T squares) {
     return q;
 }
 
-}  // namespace internal
-}  // namespace KyMath
+}  // namespace KyMath::internal
 
 #endif

@@ -44,7 +44,7 @@ KyEulerAngles::eEulerOrder KyEulerAngles::order() const {
 
 namespace {
 
-/// The bits of an order, with the axes that follow from them.
+/// The bits of an order, and the axes that they encode.
 struct Decoded {
     explicit Decoded(int order)
         : odd((order & 4) != 0),
@@ -62,7 +62,7 @@ struct Decoded {
     bool odd, repeated, rotating, negated;
 };
 
-/// Negates all three angles, twice if need be: for an odd parity, and unless the order is negated.
+/// Negates all three angles unless the order is negated, and again for an odd parity.
 void applySigns(const Decoded& o, double (&t)[3]) {
     if (!o.negated) KyMath::internal::negate(t);
     if (o.odd) KyMath::internal::negate(t);
@@ -162,7 +162,7 @@ bool KyEulerAngles::areEqualTol(const KyEulerAngles& a, const KyEulerAngles& b, 
 
 namespace {
 
-/// Sets a stream's precision for as long as it lives, also when writing throws.
+/// Sets the precision of a stream and restores it at the end of the scope, even if writing throws.
 class PrecisionGuard {
 public:
     PrecisionGuard(std::ostream& os, std::streamsize precision)

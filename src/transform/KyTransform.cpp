@@ -151,7 +151,7 @@ bool KyTransform::setRotation(Vector3d dir, double tol) {
     if (!dir.normalize(tol, &length)) return false;
     Vector3d& y = *Vector3d::cast(v_ + 4);
     if (!y.normalize(tol, &length)) return false;
-    // Deliberate: held against the old y axis, although that is replaced below. Pinned by
+    // Deliberate: compared with the old y axis, although that is replaced below. Pinned by
     // KyTransformTest.
     if (tol > 1 - std::abs(dir * y)) return false;
 

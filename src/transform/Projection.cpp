@@ -6,8 +6,7 @@
 
 #include <cmath>
 
-namespace KyMath {
-namespace Transformation {
+namespace KyMath::Transformation {
 
 template <class T>
 Matrix44T<T> createOrthographicT(T left, T right, T bottom, T top, T zNear, T zFar) {
@@ -23,7 +22,7 @@ Matrix44T<T> createOrthographicT(T left, T right, T bottom, T top, T zNear, T zF
 
 namespace {
 
-/// Elements of a projection below this in magnitude count as 0.
+/// Elements of a projection smaller than this in magnitude count as 0.
 template <class T>
 constexpr T kProjectionTolerance = T(1e-14);
 
@@ -109,5 +108,4 @@ KY_INSTANTIATE(float)
 KY_INSTANTIATE(double)
 #undef KY_INSTANTIATE
 
-}  // namespace Transformation
-}  // namespace KyMath
+}  // namespace KyMath::Transformation

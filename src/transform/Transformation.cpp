@@ -8,8 +8,7 @@
 
 #include <cmath>
 
-namespace KyMath {
-namespace Transformation {
+namespace KyMath::Transformation {
 
 template <class T>
 Matrix44T<T> createScaleT(T x, T y, T z) {
@@ -48,7 +47,7 @@ Matrix44T<T> createRotationT(const QuaternionT<T>& q) {
     const T x = q.x() / norm;
     const T y = q.y() / norm;
     const T z = q.z() / norm;
-    // The diagonal takes its doubled sum from 1 in double, and is T again after that.
+    // The doubled sum is subtracted from 1 in double; the result is rounded to T.
     const auto diagonal = [](T sum) { return T(1.0 - double(2 * sum)); };
     return Matrix44T<T>(diagonal(y * y + z * z), 2 * (x * y + z * w), 2 * (x * z - y * w), 0,  //
                         2 * (x * y - z * w), diagonal(x * x + z * z), 2 * (y * z + x * w), 0,  //
@@ -63,7 +62,7 @@ Matrix44T<T> createRotationT(const Vector3T<T>& axis, T angle) {
 
 namespace {
 
-/// Columns a, b, c as directions, d as a position.
+/// The matrix with columns (a, 0), (b, 0), (c, 0), (d, 1).
 template <class T>
 Matrix44T<T> frame(const Vector3T<T>& a, const Vector3T<T>& b, const Vector3T<T>& c,
                    const Vector3T<T>& d) {
@@ -89,7 +88,7 @@ Matrix44T<T> createObjectLookAtT(const Vector3T<T>& position, const Vector3T<T>&
     Vector3T<T> forward = target - position;
     forward.normalize();
     Vector3T<T> tilted = up;
-    // 1 - 2^-23, the float below 1 by two steps, for double as well.
+    // 1 - 2^-23, two floats below 1, for double as well.
     if (std::abs(forward * up) > T(0.99999988079071045)) {
         tilted[(up.maxComponentIndex() + 1) % 3] += T(0.1);
     }
@@ -273,7 +272,7 @@ template <class T>
 Vector3T<T> angularVelocityT(const Matrix44T<T>& m0, const Matrix44T<T>& m1, T dt) {
     const QuaternionT<T> q = getRotationAsQuaternionT(m0, true);
     const QuaternionT<T> d = getRotationAsQuaternionT(m1, true) - q;
-    // Each sum starts from 0, so that none of them is -0.
+    // Each sum starts from 0, so that none is -0.
     const T x = 0 - q.x() * d.w() + q.w() * d.x() - q.z() * d.y() + q.y() * d.z();
     const T y = 0 - q.y() * d.w() + q.z() * d.x() + q.w() * d.y() - q.x() * d.z();
     const T z = 0 - q.z() * d.w() - q.y() * d.x() + q.x() * d.y() + q.w() * d.z();
@@ -294,7 +293,7 @@ bool isRotation(const Matrix44T<T>& m, T tol) {
     const T det = m(0, 0) * c00 + m(0, 1) * c10 + m(0, 2) * c20;
     if (det == 0) return false;
 
-    // Deliberate: three elements of the inverse are held against the transpose, not all nine.
+    // Deliberate: three elements of the inverse are compared with the transpose, not all nine.
     // Pinned by TransformationTest.
     const T k = 1 / det;
     const T i01 = (m(0, 2) * m(2, 1) - m(0, 1) * m(2, 2)) * k;
@@ -341,5 +340,4 @@ KY_INSTANTIATE(float)
 KY_INSTANTIATE(double)
 #undef KY_INSTANTIATE
 
-}  // namespace Transformation
-}  // namespace KyMath
+}  // namespace KyMath::Transformation

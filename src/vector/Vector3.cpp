@@ -86,8 +86,8 @@ bool Vector3T<T>::operator!=(const Vector3T& v) const {
     return !(*this == v);
 }
 
-// Deliberate: the order is that of lengths, not of components. Different vectors of one length are
-// neither less nor greater than each other. Pinned by Vector3Test.
+// Deliberate: vectors are ordered by length, not by components. Different vectors of the same
+// length are neither less nor greater than each other. Pinned by Vector3Test.
 template <class T>
 bool Vector3T<T>::operator<(const Vector3T& v) const {
     return normSquare() < v.normSquare();

@@ -41,7 +41,7 @@ void Vector6::scale(double s) {
 }
 
 double Vector6::dot(const Vector6& v) const {
-    double sum = 0;  // part of the result: 0 + -0 is 0, so a dot product is never -0
+    double sum = 0;  // part of the result: since 0 + -0 is 0, a dot product is never -0
     for (int i = 0; i < 6; ++i) sum += v_[i] * v.v_[i];
     return sum;
 }
