@@ -154,8 +154,9 @@ const V* load(const std::vector<T>& inputs, std::size_t k, Make make) {
 /// The same for values that consist of their inputs.
 template <class V, class T>
 const V* load(const std::vector<T>& inputs) {
-    static_assert(sizeof(V) % sizeof(T) == 0, "consists of values of T");
-    return load<V>(inputs, sizeof(V) / sizeof(T), [](const T* p) {
+    constexpr std::size_t size = sizeof(T);
+    static_assert(sizeof(V) % size == 0, "consists of values of T");
+    return load<V>(inputs, sizeof(V) / size, [](const T* p) {
         V v = V();
         std::memcpy(static_cast<void*>(&v), p, sizeof(V));
         return v;

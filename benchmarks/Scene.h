@@ -17,7 +17,8 @@ inline std::vector<double> sceneBoxes() {
     for (std::size_t i = 0; i < kItems; ++i) {
         const double* const j = &jitter[4 * i];
         const double x = 2.5 * (double(i % kColumns) + j[0]);
-        const double y = 2.5 * (double(i / kColumns) + j[1]);
+        const std::size_t row = i / kColumns;
+        const double y = 2.5 * (double(row) + j[1]);
         const double z = 20 * std::sin(x / 60) * std::cos(y / 50);
         boxes.insert(boxes.end(), {x, y, z, x + 2 + j[2], y + 2 + j[2], z + 1 + 3 * j[3]});
     }
