@@ -14,6 +14,11 @@ if [[ ${1:-} == --fix ]]; then
     clang-format -i "${sources[@]}"
     exit
 fi
+# Comments name tests that exist.
+missing=$(grep -rhoE '[A-Za-z0-9]+Test\.\w+' include src | sort -u | while IFS=. read -r suite case; do
+    grep -rqE "TEST(_F|_P)?\($suite, $case\)" tests || echo "no test $suite.$case"
+done)
+[[ -z $missing ]] || { echo "$missing" && exit 1; }
 # In a copy without what is built: sources need not be in git.
 sources_only=$(mktemp -d)
 trap 'rm -rf "$sources_only"' EXIT

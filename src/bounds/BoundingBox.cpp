@@ -152,7 +152,7 @@ void BoundingBoxT<T>::expandBy(T x, T y, T z) {
     *this += BoundingBoxT(p, p);
 }
 // Deliberate: a sphere with a negative radius is merged like any other, and can move a corner.
-// Pinned by BoundingBoxTest.
+// Pinned by BoundingBoxTest.GrowsBySpheresInDouble.
 template <class T>
 void BoundingBoxT<T>::expandBy(const BoundingSphere& s) {
     const Vector3T<double> c = s.center();
@@ -226,7 +226,7 @@ void BoundingBoxT<T>::transform(const Matrix44T<T>& m) {
 }
 
 // Deliberate: the transpose of m's own 3x3 block, not the inverse of a block with scale. Pinned by
-// BoundingBoxTest.
+// BoundingBoxTest.InverseTransformDoesNotUndoScale.
 template <class T>
 void BoundingBoxT<T>::inverseTransform(const Matrix44T<T>& m) {
     transform(m.inverse_orthogonal());

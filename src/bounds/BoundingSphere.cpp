@@ -72,7 +72,7 @@ void BoundingSphere::expandBy(const BoundingSphere& s) {
 }
 
 // Deliberate: eight points of the old sphere represent it, each opposite a corner of b. The result
-// can even be smaller than the old sphere. Pinned by BoundingSphereTest.
+// can even be smaller than the old sphere. Pinned by BoundingSphereTest.MayShrinkWhenGrownByABox.
 void BoundingSphere::expandBy(const BoundingBoxT<double>& b) {
     if (!b.valid()) return;
     BoundingBoxT<double> box(b);

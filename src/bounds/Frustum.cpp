@@ -18,7 +18,7 @@ void Frustum::setToWorldSpaceFrustum(const Matrix44T<float>& view,
     Matrix44T<float> toWorld = Matrix44T<float>::multiply(projection, view);
     toWorld.transpose();
     // Deliberate: this one element, compared exactly, marks a perspective projection, whose depth
-    // starts at 0. Pinned by FrustumTest.
+    // starts at 0. Pinned by FrustumTest.NearPlaneIsAtClipZeroForPerspectives.
     const float nearOffset = projection(3, 2) == -1 ? 0.0f : 1.0f;
     const Vector4T<float> clip[] = {{1, 0, 0, 1},  {-1, 0, 0, 1}, {0, 1, 0, 1},
                                     {0, -1, 0, 1}, {0, 0, -1, 1}, {0, 0, 1, nearOffset}};

@@ -129,7 +129,7 @@ double Segment3::distanceTo(const Vector3d& q, Vector3d* closest) const {
 
 // Deliberate: the factors are clamped independently, not recomputed from each other. Of a parallel
 // segment only the first point counts, unless the segment lies wholly beyond an end. Pinned by
-// LinesTest.
+// LinesTest.SkewSegmentsAreClampedOnTheirOwn and LinesTest.ParallelSegmentsMeetAtFacingEnds.
 double Segment3::distanceTo(const Segment3& segment, Vector3d* closest) const {
     if (!isParallel(segment)) {
         const Vector3d point = pointAt(*this, closestPointFactor(segment));

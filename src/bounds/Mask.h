@@ -15,7 +15,8 @@ namespace KyMath::internal {
 // Bit i of the mask of a polytope stands for plane i.
 constexpr std::size_t kMaskBits = std::numeric_limits<unsigned int>::digits;
 
-// Deliberate: planes beyond the bits of a mask are never tested. Pinned by PolytopeTest.
+// Deliberate: planes beyond the bits of a mask are never tested. Pinned by
+// PolytopeTest.PlanesBeyondThirtyTwoAreNeverTested.
 inline std::size_t maskedPlanes(const std::vector<PlaneT<double>>& planes) {
     return std::min(planes.size(), kMaskBits);
 }

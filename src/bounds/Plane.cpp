@@ -12,7 +12,8 @@
 
 namespace KyMath {
 
-// Deliberate: nothing is computed, so the lower corner is 0 and not 7. Pinned by PlaneTest.
+// Deliberate: nothing is computed, so the lower corner is 0 and not 7. Pinned by
+// PlaneTest.DefaultPlaneHasBothCornersZero.
 template <class T>
 PlaneT<T>::PlaneT() : upper_(0), lower_(0) {}
 
@@ -101,7 +102,7 @@ int PlaneT<T>::intersectBoundingSphere(const Vector3T<T>& center, T radius) cons
 }
 
 // Deliberate: the corner indices are not refreshed, even if scaling moves a coefficient past the
-// epsilon that they depend on. Pinned by PlaneTest.
+// epsilon that they depend on. Pinned by PlaneTest.MakeUnitLengthLeavesTheCorners.
 template <class T>
 void PlaneT<T>::makeUnitLength() {
     v_ *= 1 / v_.xyz().norm();

@@ -90,7 +90,7 @@ const Planes& Polytope::getPlanes() const {
 }
 
 // Deliberate: every change of the planes pushes a mask and removes none. Only the top of the stack
-// is ever read. Pinned by PolytopeTest.
+// is ever read. Pinned by PolytopeTest.EveryChangePushesAFullMask.
 void Polytope::setupMask() {
     const std::size_t n = planes_.size();
     const unsigned int all = n < internal::kMaskBits ? (1u << n) - 1 : ~0u;

@@ -49,7 +49,7 @@ Sharing share(std::size_t m, std::size_t n) {
 /// Index of control point j, 0 to 3, of segment c, counted from 1.
 std::size_t controlIndex(std::size_t m, std::size_t segments, std::size_t c, std::size_t j) {
     // Deliberate: three control points have a table of their own, so that fewer segments still end
-    // at the last one. Pinned by CurvesTest.
+    // at the last one. Pinned by CurvesTest.BSplineOfThreePointsReachesTheLast.
     static constexpr std::size_t kThreeOfThree[3][4] = {{0, 0, 0, 1}, {0, 1, 1, 2}, {1, 2, 2, 2}};
     static constexpr std::size_t kTwoOfThree[2][4] = {{0, 0, 1, 1}, {0, 1, 2, 2}};
     if (m == 3 && segments == 3) return kThreeOfThree[c - 1][j];

@@ -89,7 +89,8 @@ bool CreateCatmullRomSpline(const Points& controls, unsigned int count, Points& 
     Segment segment(p, u, k);
     for (unsigned int i = 0; i < count; ++i) {
         const double s = i * step;
-        // Deliberate: advances by at most one segment per sample. Pinned by CurvesTest.
+        // Deliberate: advances by at most one segment per sample. Pinned by
+        // CurvesTest.CatmullRomLagsBehindShortSegments.
         if (s > u[k + 1]) segment = Segment(p, u, ++k);
         const double x = (s - u[k]) / segment.length;
         if (x < 1e-8) {

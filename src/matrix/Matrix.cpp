@@ -111,7 +111,7 @@ const Ky::KyReal4* columns(const double (&v)[16]) {
         "Cannot return an array of double as a pointer to float");
 }
 // Deliberate: the message of the const conversion names double and swaps the types. Both messages
-// are part of the interface. Pinned by MatrixTest.
+// are part of the interface. Pinned by MatrixArrayViewTest.ThrowsCrossedMessagesForFloats.
 [[noreturn]] const Ky::KyReal4* columns(const float (&)[16]) {
     throw std::invalid_argument(
         "Matrix44T<double>::operator Ky::KyReal4*(): "
@@ -226,7 +226,7 @@ Matrix44T<T> Matrix44T<T>::inverse_orthogonal() const {
 
 // Deliberate: reads the bottom row where inverse_orthogonal() reads the translation, and the rows
 // of R where it reads the columns. For an affine matrix the translation becomes 0 or -0. Pinned by
-// MatrixTest.
+// MatrixTest.RigidInverseInPlaceReadsTheBottomRow.
 template <class T>
 Matrix44T<T>& Matrix44T<T>::invert_orthogonal() {
     const Matrix44T m(*this);

@@ -15,7 +15,7 @@
 namespace KyMath {
 
 // Deliberate: the scalar part comes first, so this is a half turn about z and not the identity
-// rotation. The library itself never uses it. Pinned by QuaternionTest.
+// rotation. The library itself never uses it. Pinned by QuaternionTest.ConstantIdentityIsAHalfTurn.
 template <>
 KY_EARLY_CONSTANT const QuaternionT<float> QuaternionT<float>::kIdentity(0, 0, 0, 1);
 template <>
@@ -228,7 +228,7 @@ void QuaternionT<T>::normalize() {
     const T square = internal::dot(v_, v_);
     if (square == 1) return;
     // Deliberate: the squared length, not the length, is compared with the threshold. Pinned by
-    // QuaternionTest.
+    // QuaternionTest.NormalizeComparesTheSquaredLength.
     if (std::abs(square) <= Ky::KY_SMALL_REAL<T>::epsilon) {
         *this = QuaternionT();
     } else {
@@ -287,7 +287,7 @@ void QuaternionT<T>::toEulerXYZ(T* rx, T* ry, T* rz) const {
     *rz = internal::atan2(2 * (x * y + w * z), w * w + x * x - y * y - z * z);
     *rx = internal::atan2(2 * (y * z + w * x), w * w - x * x - y * y + z * z);
     // Deliberate: the argument is not clamped; rounding can carry it past +-1. Pinned by
-    // QuaternionTest.
+    // QuaternionTest.PitchIsNaNPastThePole.
     *ry = internal::asin(-2 * (x * z - w * y));
 }
 template <class T>

@@ -152,7 +152,7 @@ bool KyTransform::setRotation(Vector3d dir, double tol) {
     Vector3d& y = *Vector3d::cast(v_ + 4);
     if (!y.normalize(tol, &length)) return false;
     // Deliberate: compared with the old y axis, although that is replaced below. Pinned by
-    // KyTransformTest.
+    // KyTransformTest.DirectionBecomesTheXAxis.
     if (tol > 1 - std::abs(dir * y)) return false;
 
     if (std::abs(dir.x()) > std::abs(dir.y())) {
@@ -168,7 +168,8 @@ bool KyTransform::setRotation(Vector3d dir, double tol) {
 }
 
 void KyTransform::makeOrthonormal(int axis) {
-    // Deliberate: the float literal widened, 0.0099999997764825821. Pinned by KyTransformTest.
+    // Deliberate: the float literal widened, 0.0099999997764825821. Pinned by
+    // KyTransformTest.MakeOrthonormalReplacesAParallelColumn.
     constexpr double kNearlyParallel = double(0.01f);
     static_assert(kNearlyParallel < 0.01, "the comment above describes this value");
 

@@ -294,7 +294,7 @@ bool isRotation(const Matrix44T<T>& m, T tol) {
     if (det == 0) return false;
 
     // Deliberate: three elements of the inverse are compared with the transpose, not all nine.
-    // Pinned by TransformationTest.
+    // Pinned by TransformationTest.IsRotationAcceptsExactlyTheTolerance.
     const T k = 1 / det;
     const T i01 = (m(0, 2) * m(2, 1) - m(0, 1) * m(2, 2)) * k;
     const T i02 = (m(0, 1) * m(1, 2) - m(0, 2) * m(1, 1)) * k;

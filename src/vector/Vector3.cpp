@@ -87,7 +87,8 @@ bool Vector3T<T>::operator!=(const Vector3T& v) const {
 }
 
 // Deliberate: vectors are ordered by length, not by components. Different vectors of the same
-// length are neither less nor greater than each other. Pinned by Vector3Test.
+// length are neither less nor greater than each other. Pinned by
+// VectorFamilyTest.OrderingComparesSquaredLengths.
 template <class T>
 bool Vector3T<T>::operator<(const Vector3T& v) const {
     return normSquare() < v.normSquare();
@@ -286,7 +287,7 @@ void Vector3T<T>::planeSpace(Vector3T& u, Vector3T& v) const {
     const T y = v_[1];
     const T z = v_[2];
     // Deliberate: the sum of two magnitudes decides, not the largest component. Pinned by
-    // Vector3Test.
+    // Vector3Test.PlaneSpaceComparesXPlusZWithY.
     if (std::abs(x) + std::abs(z) > std::abs(y)) {
         const T k = 1 / std::sqrt(x * x + z * z);
         u.set(z * k, 0, -x * k);
@@ -302,7 +303,7 @@ bool Vector3T<T>::planeNormal(const Vector3T& a, const Vector3T& b, const Vector
                               Vector3T& normal) {
     // Deliberate: for double this is the float literal widened, 9.9999997473787516e-05, not the
     // double 1e-4: a cross product whose length lies between the two is still normalised. Pinned by
-    // Vector3Test.
+    // Vector3Test.PlaneNormalToleranceIsAWidenedFloat.
     constexpr T kTolerance = T(1e-4f);
     static_assert(double(kTolerance) < 1e-4, "the comment above describes this value");
     normal = (b - a).cross(c - b);
