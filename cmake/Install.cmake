@@ -52,5 +52,9 @@ install(FILES README.md CHANGELOG.md CONTRIBUTING.md SECURITY.md
         DESTINATION ${CMAKE_INSTALL_DOCDIR} ${documentation})
 install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR} ${documentation}
         FILES_MATCHING PATTERN *.md PATTERN *.png PATTERN *.svg)
+install(FILES tests/coverage/unreachable.txt DESTINATION ${CMAKE_INSTALL_DOCDIR}/tests/coverage
+        ${documentation})
+install(FILES tests/memory/ignored.txt DESTINATION ${CMAKE_INSTALL_DOCDIR}/tests/memory
+        ${documentation})
 install(DIRECTORY examples DESTINATION ${CMAKE_INSTALL_DOCDIR} ${documentation})
 install(DIRECTORY build/docs/html DESTINATION ${CMAKE_INSTALL_DOCDIR} ${documentation} OPTIONAL)

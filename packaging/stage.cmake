@@ -25,6 +25,14 @@ foreach(component RUNTIME DEVELOPMENT DOCUMENTATION)
     file(CHMOD ${files} FILE_PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)
 endforeach()
 
+# The licence is in Debian's copyright file: links to it lead there.
+set(doc ${root}/KyMath_documentation/usr/share/doc/${CPACK_DEBIAN_KYMATH_DOCUMENTATION_PACKAGE_NAME})
+foreach(page README.md CONTRIBUTING.md)
+    file(READ ${doc}/${page} text)
+    string(REPLACE "](LICENSE)" "](copyright)" text "${text}")
+    file(WRITE ${doc}/${page} "${text}")
+endforeach()
+
 # Which packages the library needs, and which version of it a program needs: the minor version that the
 # program was built with. The symbols are exactly those of tests/abi/exported.txt.
 set(runtime ${root}/KyMath_runtime)

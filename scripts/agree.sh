@@ -67,7 +67,7 @@ for flags in "-O3 -march=${marches[-1]} -ffp-contract=fast" -O0 "-O2 -ffast-math
         # Without -ffast-math when linking, which would change the mode of the processor.
         $compiler -std=c++17 $flags "-I$root/include" -c "$root/tests/functions/Functions.cpp" \
             -o "$out/client.o"
-        g++ "$out/client.o" "$dir"/tests/CMakeFiles/kymath_function_driver.dir/functions/*.o \
+        g++ "$out/client.o" "$dir/tests/libkymath_function_driver.a" \
             "-L$dir/src" "-Wl,-rpath,$dir/src" -lKyMath -o "$out/client"
         compare "a client with $compiler $flags" "$out/client"
         echo "a client with $compiler $flags"

@@ -3,8 +3,7 @@
 # SPDX-License-Identifier: Apache-2.0
 #
 # test.sh [PRESET...]: installs what is missing, builds everything and runs the tests, for each of the
-# presets of CMakePresets.json that are named. By default: release,
-# with the Python module.
+# presets of CMakePresets.json that are named. By default: release, which has the Python module too.
 . "$(dirname "$(readlink -f "$0")")/common.sh"
 takes 'release|clang|debug|develop|asan|tsan|msan' "$@"
 (($#)) || set -- release

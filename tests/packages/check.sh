@@ -3,7 +3,8 @@
 # SPDX-License-Identifier: Apache-2.0
 #
 # check.sh SOURCE_DIR PACKAGES_DIR: what the packages hold serves programs, by CMake and by pkg-config,
-# and the examples; a program's own package would depend on the right one; no two hold the same file.
+# and the examples; links of the pages lead to files; a program's own package would depend on the right
+# one; no two hold the same file.
 set -euo pipefail
 source=$1
 packages=$(cd "$2" && pwd)
@@ -33,6 +34,12 @@ build examples "$root/usr/share/doc/libkymath-doc/examples"
 g++ "$source/tests/consumers/main.cpp" -o "$work/plain" \
     $(PKG_CONFIG_PATH=$library_dir/pkgconfig pkg-config --cflags --libs KyMath)
 LD_LIBRARY_PATH=$library_dir "$work/plain" >/dev/null
+
+doc=$root/usr/share/doc/libkymath-doc
+[[ -e $doc/html/index.html ]] || { echo "no pages"; exit 1; }
+while IFS=: read -r page target; do
+    [[ -e ${page%/*}/$target ]] || { echo "${page#"$doc/"}: a link leads nowhere: $target"; exit 1; }
+done < <(grep -roP --include='*.md' '\]\(\K(?!https?:)[^) :#&]+(?=[)#])' "$doc")
 
 dpkg-deb -e "$packages"/libkymath1_*.deb "$root/DEBIAN"
 mkdir "$work/debian"
