@@ -3,7 +3,7 @@
 #ifndef KY_EXPORT_H
 #define KY_EXPORT_H
 
-#include <cstddef>  // any header tells which standard library it belongs to
+#include <cstddef>  // for the macros that any standard header defines
 
 /// Marks what libKyMath.so exports. Everything else in the library is hidden.
 ///
@@ -15,18 +15,18 @@
 #define KY_API __attribute__((visibility("default")))
 #endif
 
-/// Ends the declaration of what would compile and go wrong. C++26 puts the reason into the message.
+/// Ends the declaration of an overload that would compile and go wrong. In C++26 the compiler's
+/// message has the reason.
 #if defined(__cpp_deleted_function) && __cplusplus > 202302L
 #define KY_DELETED(reason) = delete ("KyMath: " reason)
 #else
 #define KY_DELETED(reason) = delete
 #endif
 
-/// Mark what writes to a stream, and what holds or passes a container of the standard library.
-/// Where the client's differ from those that the library was built with, calling it is an error
-/// with a message, and everything else works. _LIBCPP_VERSION and _GLIBCXX_DEBUG tell what the
-/// client has; KY_LIBCPP_VERSION and KY_GLIBCXX_DEBUG, which CMake and pkg-config set where needed,
-/// tell the same of the library.
+/// Mark what writes to a stream, and what holds or passes a standard container. Where these differ
+/// between the client and the library, a call is an error with a message; everything else works.
+/// _LIBCPP_VERSION and _GLIBCXX_DEBUG describe the client; KY_LIBCPP_VERSION and KY_GLIBCXX_DEBUG,
+/// which CMake and pkg-config set where needed, describe the library.
 #if defined(__clang__) || __GNUC__ >= 12
 #define KY_WITHHELD(reason) __attribute__((unavailable("KyMath: " reason)))
 #else

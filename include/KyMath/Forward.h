@@ -71,7 +71,7 @@ struct IsScalar<double> {
     static constexpr bool value = true;
 };
 
-/// What becomes a pointer by itself: without more overloads, each would be taken for any other.
+/// Types that convert to a pointer: without deleted overloads, each would be accepted as any other.
 enum class Kind { other, null, vector2, vector, quaternion, matrix, floatMatrix };
 template <Kind k>
 struct Is {

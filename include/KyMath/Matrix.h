@@ -166,7 +166,6 @@ const Matrix44T<double> Matrix44T<double>::kIdentity;
 extern template class Matrix44T<float>;
 extern template class Matrix44T<double>;
 
-/// Not printable as it stands: through the conversion to a pointer it would print an address.
 template <class T>
 std::ostream& operator<<(std::ostream& os, const Matrix44T<T>& m)
     KY_DELETED("it would print an address: write the components");

@@ -194,7 +194,6 @@ const QuaternionT<double> QuaternionT<double>::kIdentity;
 extern template class QuaternionT<float>;
 extern template class QuaternionT<double>;
 
-/// Not printable as it stands: through the conversion to a pointer it would print an address.
 template <class T>
 std::ostream& operator<<(std::ostream& os, const QuaternionT<T>& q)
     KY_DELETED("it would print an address: write the components");

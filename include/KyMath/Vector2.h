@@ -118,7 +118,6 @@ const Vector2T<double> Vector2T<double>::kZero;
 extern template class Vector2T<float>;
 extern template class Vector2T<double>;
 
-/// Not printable as it stands: through the conversion to a pointer it would print an address.
 template <class T>
 std::ostream& operator<<(std::ostream& os, const Vector2T<T>& v)
     KY_DELETED("it would print an address: write the components");

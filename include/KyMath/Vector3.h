@@ -192,7 +192,6 @@ const Vector3T<double> Vector3T<double>::kZero;
 extern template class Vector3T<float>;
 extern template class Vector3T<double>;
 
-/// Not printable as it stands: through the conversion to a pointer it would print an address.
 template <class T>
 std::ostream& operator<<(std::ostream& os, const Vector3T<T>& v)
     KY_DELETED("it would print an address: write the components");

@@ -141,7 +141,6 @@ private:
 extern template class Vector4T<float>;
 extern template class Vector4T<double>;
 
-/// Not printable as it stands: through the conversion to a pointer it would print an address.
 template <class T>
 std::ostream& operator<<(std::ostream& os, const Vector4T<T>& v)
     KY_DELETED("it would print an address: write the components");
