@@ -15,8 +15,8 @@ inline void require(bool holds) {
     if (!holds) std::abort();  // leaves a stack trace with the line
 }
 
-/// Reads a file with these bytes. Returns nothing if the reader refuses them, which it must do with a
-/// std::runtime_error of one line that begins with the file's name.
+/// Reads a file with these bytes. Returns nothing if the reader refuses them, which it must do with
+/// a std::runtime_error of one line that begins with the file's name.
 template <class Reader, class... Arguments>
 std::optional<Reader> readBytes(const std::string& bytes, Arguments... arguments) {
     static const int memory = memfd_create("input", 0);
