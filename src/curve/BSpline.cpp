@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <KyMath/Curves.h>
 
-#include "curve/SimpleCurve.h"
+#include "curve/Samples.h"
 #include "internal/Arithmetic.h"
 
 #include <algorithm>
@@ -84,9 +84,8 @@ bool CreateBSpline(const std::vector<Vector3d>& controls, unsigned int count,
     const Sharing sharing = share(m, count);
     const std::vector<Weights> weights[] = {weightsOf(sharing.samples),
                                             weightsOf(sharing.extra > 0 ? sharing.samples + 1 : 0)};
-    out.reserve(count);
-    out.clear();
-    if (sharing.start == 1) out.push_back(p[0]);
+    internal::allocate(out, count);
+    auto sample = out.begin() + static_cast<std::ptrdiff_t>(sharing.start);
     for (std::size_t c = 1; c <= sharing.segments; ++c) {
         const auto control = [&](std::size_t j) -> const Vector3d& {
             return p[controlIndex(m, sharing.segments, c, j)];
@@ -95,11 +94,11 @@ bool CreateBSpline(const std::vector<Vector3d>& controls, unsigned int count,
         const std::size_t samples = sharing.samplesOf(c);
         for (std::size_t j = sharing.start; j < samples; ++j) {
             const double* const b = weights[samples - sharing.samples][j].b;
-            out.push_back(p0 * b[0] + p1 * b[1] + p2 * b[2] + p3 * b[3]);
+            *sample++ = p0 * b[0] + p1 * b[1] + p2 * b[2] + p3 * b[3];
         }
     }
-    out[0] = p[0];
-    out.push_back(p[m - 1]);
+    out.front() = p.front();
+    out.back() = p.back();
     return true;
 }
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <KyMath/Curves.h>
 
-#include "curve/SimpleCurve.h"
+#include "curve/Samples.h"
 #include "lanes/Kernels.h"
 
 #include <algorithm>
@@ -10,24 +10,14 @@
 
 namespace KyMath {
 
-namespace {
-
 using Points = std::vector<Vector3d>;
-
-/// Resizes out; its values are unspecified. If memory runs out, out is unchanged.
-void allocate(Points& out, unsigned int count) {
-    out.reserve(count);
-    out.resize(count);
-}
-
-}  // namespace
 
 bool CreateLinearInterpolation(const Vector3d& a, const Vector3d& b, unsigned int count,
                                Points& out) {
     if (count <= 1) return false;
     const Vector3d first = a;  // copies: a and b may be elements of out
     const Vector3d last = b;
-    allocate(out, count);
+    internal::allocate(out, count);
     const double step = 1.0 / (count - 1);
     out[0] = first;
     for (unsigned int i = 1; i < count - 1; ++i) out[i] = (last - first) * (step * i) + first;
@@ -35,12 +25,24 @@ bool CreateLinearInterpolation(const Vector3d& a, const Vector3d& b, unsigned in
     return true;
 }
 
+std::optional<bool> internal::simpleCurve(const Points& controls, std::size_t fewest,
+                                          unsigned int count, Points& out) {
+    const std::size_t m = controls.size();
+    if (m < fewest || count < m) return false;
+    if (count == m) {
+        out = controls;
+        return true;
+    }
+    if (m == 2) return CreateLinearInterpolation(controls[0], controls[1], count, out);
+    return std::nullopt;
+}
+
 bool CreateBezier(const Points& controls, unsigned int count, Points& out) {
     if (const auto done = internal::simpleCurve(controls, 2, count, out)) return *done;
     const std::size_t m = controls.size();
     const Points fixed = controls;  // a copy: the controls may be out
     std::vector<double> work(internal::bezierWork(m));
-    allocate(out, count);
+    internal::allocate(out, count);
     KY_KERNEL(bezier(fixed[0], m, 1.0 / (count - 1), work.data(), out[0], count));
     out.front() = fixed.front();
     out.back() = fixed.back();
@@ -77,7 +79,7 @@ bool CreateCatmullRomSpline(const Points& controls, unsigned int count, Points& 
     const std::size_t m = controls.size();
     const Points p = controls;  // a copy: the controls may be out
     std::vector<double> u(m);
-    allocate(out, count);
+    internal::allocate(out, count);
 
     for (std::size_t k = 1; k < m; ++k) u[k] = u[k - 1] + Vector3d::distance(p[k], p[k - 1]);
     const double total = u[m - 1];

@@ -228,8 +228,10 @@ Vector3d KyTransform::transformPoint(const Vector3d& p) const {
     return transformDirection(p) + getTranslation();
 }
 Vector3d KyTransform::transformDirection(const Vector3d& d) const {
-    const auto row = [&](int r) { return KyMath::internal::rowTimes3(v_, r, d[0], d[1], d[2]); };
-    return Vector3d(row(0), row(1), row(2));
+    using KyMath::internal::rowTimes3;
+    const double* const v = d;
+    return Vector3d(rowTimes3(v_, 0, v[0], v[1], v[2]), rowTimes3(v_, 1, v[0], v[1], v[2]),
+                    rowTimes3(v_, 2, v[0], v[1], v[2]));
 }
 
 KyTransform& KyTransform::compound(const KyTransform& a, const KyTransform& b) {
