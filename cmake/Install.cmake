@@ -11,12 +11,17 @@ set(documentation COMPONENT KyMath_documentation EXCLUDE_FROM_ALL)
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/KyMath)
 
 install(
-    TARGETS KyMath KyMathStatic
+    TARGETS KyMath
     EXPORT KyMathTargets
     LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} ${runtime} 
             NAMELINK_COMPONENT KyMath_development
-    ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} ${development}
     FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} ${development})
+# The same headers, which are there already.
+install(
+    TARGETS KyMathStatic
+    EXPORT KyMathTargets
+    ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} ${development}
+    FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} ${development} EXCLUDE_FROM_ALL)
 install(EXPORT KyMathTargets NAMESPACE KyMath:: FILE KyMathTargets.cmake DESTINATION ${package_dir}
         ${development})
 

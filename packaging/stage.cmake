@@ -33,6 +33,12 @@ foreach(page README.md CONTRIBUTING.md)
     file(WRITE ${doc}/${page} "${text}")
 endforeach()
 
+# A package is not moved, and the system's own folder of headers is to be known as such.
+file(GLOB pc ${root}/KyMath_development/usr/lib/*/pkgconfig/KyMath.pc)
+file(READ ${pc} text)
+string(REGEX REPLACE "prefix=[^\n]*/\\.\\./[^\n]*" "prefix=/usr" text "${text}")
+file(WRITE ${pc} "${text}")
+
 # Which packages the library needs, and which version of it a program needs: the minor version that the
 # program was built with. The symbols are exactly those of tests/abi/exported.txt.
 set(runtime ${root}/KyMath_runtime)

@@ -77,7 +77,7 @@ if grep -qw fma /proc/cpuinfo && [[ $("$compiler" --version) != *clang* ]]; then
 fi
 
 export PKG_CONFIG_PATH=$library_dir/pkgconfig
-pkg-config --exact-version=1.0.0 KyMath
+pkg-config --exact-version="$version" KyMath || { echo "pkg-config tells another version"; exit 1; }
 flags=$(pkg-config --cflags --libs KyMath)
 for own in -D_GLIBCXX_USE_CXX11_ABI=0 "-DWITHHELD $mode"; do
     # shellcheck disable=SC2086  # the flags are words

@@ -30,9 +30,11 @@ ctest --test-dir "$work/client" --output-on-failure >"$work/log" || { cat "$work
 build examples "$root/usr/share/doc/libkymath-doc/examples"
 "$work/examples/curves" --output "$work/curves.svg" >/dev/null
 
+export PKG_CONFIG_PATH=$library_dir/pkgconfig
+[[ $(pkg-config --cflags KyMath) != *-I* ]] || { echo "pkg-config names a folder of the system"; exit 1; }
 # shellcheck disable=SC2046  # the flags are words
 g++ "$source/tests/consumers/main.cpp" -o "$work/plain" \
-    $(PKG_CONFIG_PATH=$library_dir/pkgconfig pkg-config --cflags --libs KyMath)
+    $(pkg-config --define-variable=prefix="$root/usr" --cflags --libs KyMath)
 LD_LIBRARY_PATH=$library_dir "$work/plain" >/dev/null
 
 doc=$root/usr/share/doc/libkymath-doc
