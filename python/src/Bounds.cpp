@@ -146,12 +146,6 @@ void addFrustum(PyObject* module) {
     type.addTo(module);
 }
 
-std::tuple<Vector3f, Vector3f> segment(const Matrix44f& m, const Vector3f& p) {
-    std::tuple<Vector3f, Vector3f> ends;
-    getWorldSpaceSegment(m, p, std::get<0>(ends), std::get<1>(ends));
-    return ends;
-}
-
 }  // namespace
 
 void addBounds(PyObject* module) {
@@ -163,7 +157,7 @@ void addBounds(PyObject* module) {
     addPolytope(module);
     addFrustum(module);
     Namespace space{"kymath"};
-    def<segment>(space, "getWorldSpaceSegment", "m p");
+    def<worldSpaceSegment>(space, "getWorldSpaceSegment", "m p");
     space.addTo(module);
 }
 

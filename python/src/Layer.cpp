@@ -64,19 +64,13 @@ void translateException() {
 
 // ---- Arguments
 
-bool fromPython(PyObject* o, double& value) {
+bool realFromPython(PyObject* o, double& value) {
     if (!isReal(o)) return false;
     value = PyFloat_AsDouble(o);
     if (value == -1.0 && PyErr_Occurred() != nullptr) {
         if (PyErr_ExceptionMatches(PyExc_OverflowError) == 0) throw Raised();
         raise(PyExc_ValueError, "the integer is too large for a float");
     }
-    return true;
-}
-bool fromPython(PyObject* o, float& value) {
-    double wide;
-    if (!fromPython(o, wide)) return false;
-    value = float(wide);
     return true;
 }
 bool fromPython(PyObject* o, bool& value) {
@@ -230,23 +224,6 @@ namespace {
 
 char* keep(const std::string& text) {
     return (new std::string(text))->data();
-}
-
-/// The comment of the header, or null.
-const char* comment(const std::string& owner, const std::string& name) {
-    struct Entry {
-        const char* name;
-        const char* text;
-    };
-    static constexpr Entry entries[] = {
-#include "Docstrings.inc"
-    };
-    std::string key = owner.substr(0, owner.find_last_not_of("fd") + 1);
-    if (name != owner) key += "." + name;
-    const auto before = [](const Entry& entry, const std::string& k) { return entry.name < k; };
-    const auto* const end = std::end(entries);
-    const auto* const found = std::lower_bound(std::begin(entries), end, key, before);
-    return found != end && key == found->name ? found->text : nullptr;
 }
 
 /// The arguments as inspect reads them.

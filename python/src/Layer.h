@@ -36,8 +36,8 @@ public:
     ~Ref() {
         Py_XDECREF(object_);
     }
-    Ref(const Ref&) = delete;
-    Ref& operator=(const Ref&) = delete;
+    Ref(Ref&& other) noexcept : object_(other.release()) {}
+    Ref& operator=(Ref&&) = delete;
     PyObject* get() const {
         return object_;
     }
@@ -360,7 +360,7 @@ PyObject* function(PyObject*, PyObject* const* args, Py_ssize_t count) {
 }
 template <auto... kFunction>
 PyObject* construct(PyTypeObject*, PyObject* args, PyObject* keywords) {
-    PyObject* items[16] = {};
+    PyObject* items[16];
     const auto count = std::size_t(PyTuple_Size(args));
     for (std::size_t i = 0; i < count && i < 16; ++i) {
         items[i] = PyTuple_GetItem(args, Py_ssize_t(i));
@@ -434,6 +434,8 @@ const char* describe(const char* name, const char* names, bool method) {
                name, names, method,
                {SignatureOf<std::remove_const_t<decltype(kFunction)>>::describe()...});
 }
+/// The comment of the header, or null.
+const char* comment(const std::string& owner, const std::string& name);
 /// Text for as long as Python runs: signatures, then the comment of the header.
 char* writeDocument(const char* owner, const char* name, const char* lines, bool method);
 

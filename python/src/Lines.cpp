@@ -8,14 +8,6 @@ namespace {
 
 using V = Vector3d;
 
-/// The distance, and the closest point on the line.
-template <class L, class To>
-std::tuple<double, V> distanceTo(const L& line, const To& to) {
-    V closest;
-    const double distance = line.distanceTo(to, &closest);
-    return {distance, closest};
-}
-
 /// The gap, the number of intersections, and the points that come with them: one or two.
 std::tuple<double, int, std::vector<V>> distanceToSphere(Line3& line, const V& center,
                                                          double radius) {

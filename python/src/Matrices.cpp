@@ -4,26 +4,24 @@
 
 namespace KyMath::python {
 
-/// What decomposeT() gives and composeT() takes, a tuple with names.
+/// What decomposeT() gives and composeT() takes, as a tuple with names.
 template <class T>
 struct Decomposition {
-    Vector3T<T> scale, rotation, translation;
-    T sign;
+    std::tuple<Vector3T<T>, Vector3T<T>, Vector3T<T>, T> parts;
     static std::string annotation() {
         return "Decomposition";
     }
 };
-
 static PyTypeObject* decompositionType = nullptr;
 
 template <class T>
-PyObject* toPython(const Decomposition<T>& parts) {
+PyObject* toPython(const Decomposition<T>& decomposition) {
     Ref tuple(PyStructSequence_New(decompositionType));
     Py_ssize_t i = 0;
-    for (const Vector3T<T>& part : {parts.scale, parts.rotation, parts.translation}) {
-        PyStructSequence_SetItem(tuple.get(), i++, makeObject(part));
-    }
-    PyStructSequence_SetItem(tuple.get(), i, python::toPython(parts.sign));
+    const auto add = [&](const auto& part) {
+        PyStructSequence_SetItem(tuple.get(), i++, Ref(toPython(part)).release());
+    };
+    std::apply([&](const auto&... part) { (add(part), ...); }, decomposition.parts);
     return tuple.release();
 }
 
@@ -80,24 +78,6 @@ void addMatrix(PyObject* module) {
     type.addTo(module);
 }
 
-// The six bounds of a projection, left to far.
-template <Scalar T>
-using Six = std::tuple<T, T, T, T, T, T>;
-
-template <auto kRead, Scalar T>
-std::optional<Six<T>> readBounds(const Matrix44T<T>& m) {
-    Six<T> bounds;
-    const auto read = [&](auto&... bound) { return kRead(m, bound...); };
-    return std::apply(read, bounds) ? std::optional(bounds) : std::nullopt;
-}
-
-template <Scalar T>
-Decomposition<T> decompose(const Matrix44T<T>& m) {
-    Decomposition<T> parts;
-    Transformation::decomposeT(m, parts.scale, parts.rotation, parts.translation, parts.sign);
-    return parts;
-}
-
 template <Scalar T>
 using V = Vector3T<T>;
 template <Scalar T>
@@ -139,7 +119,8 @@ Namespace addTransformation(const char* name) {
         def<&getScaleT<T>...>(space, "getScaleT", "m");
         def<&getRotationT<T>...>(space, "getRotationT", "m normalize");
         def<&getRotationAsQuaternionT<T>...>(space, "getRotationAsQuaternionT", "m removeScale");
-        def<decompose<T>...>(space, "decomposeT", "m");
+        def<[](const M<T>& m) { return Decomposition<T>{decompose(m)}; }...>(space, "decomposeT",
+                                                                             "m");
         def<&composeT<T>...>(space, "composeT", "scale rotation translation sign");
         def<&setTranslationT<T>...>(space, "setTranslationT", "m t");
         def<&translateToT<T>...>(space, "translateToT", "m t");

@@ -16,16 +16,6 @@ void addQuaternion(PyObject* module) {
     using Q = QuaternionT<T>;
     using V = Vector3T<T>;
     const auto get = [](const Q& q) { return std::tuple(q.w(), q.x(), q.y(), q.z()); };
-    const auto toAxisAngle = [](const Q& q) {
-        std::tuple<V, T> rotation;
-        q.toAxisAngle(&std::get<0>(rotation), &std::get<1>(rotation));
-        return rotation;
-    };
-    const auto toEulerXYZ = [](const Q& q) {
-        V angles;
-        q.toEulerXYZ(&angles);
-        return angles;
-    };
     Type<Q> type;
     init<make<Q>, make<Q, T, T, T, T>, make<Q, const V&, const T&>, read<Q>>(
         type, "|w x y z|axis angle|numbers");
@@ -56,9 +46,9 @@ void addQuaternion(PyObject* module) {
     def<static_cast<void (Q::*)(T, T, T, T)>(&Q::fromAxisAngle),
         static_cast<void (Q::*)(const V&, const T&)>(&Q::fromAxisAngle)>(
         type, "fromAxisAngle", "ax ay az angle|axis angle");
-    def<toAxisAngle>(type, "toAxisAngle");
+    def<toAxisAngle<T>>(type, "toAxisAngle");
     def<&Q::fromEulerXYZ>(type, "fromEulerXYZ", "rx ry rz");
-    def<toEulerXYZ>(type, "toEulerXYZ");
+    def<toEulerXYZ<T>>(type, "toEulerXYZ");
     def<&Q::finiteRotation>(type, "finiteRotation", "omega dt");
     def<&Q::slerp>(type, "slerp", "q t");
     def<&Q::fromRotation>(type, "fromRotation", "from to");
@@ -68,11 +58,6 @@ void addQuaternion(PyObject* module) {
 using E = KyEulerAngles;
 using Order = E::eEulerOrder;
 
-Matrix44d toMatrix44(const E& angles) {
-    Matrix44d m;
-    angles.toMatrix44(m);
-    return m;
-}
 void fromMatrix44(E& angles, const Matrix44d& m, Order order) {
     angles.fromMatrix44(m, order);
 }
@@ -106,11 +91,6 @@ void addTransform(PyObject* module) {
     using T = KyTransform;
     using V = Vector3d;
     using Q = Quaterniond;
-    const auto toQuaternion = [](const T& t) {
-        Q q;
-        t.toQuaternion(q);
-        return q;
-    };
     Type<T> type;
     init<make<T>, make<T, const Matrix44d&>, make<T, const V&, const E&>, read<T>>(
         type, "|m|position angles|rows");

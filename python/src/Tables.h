@@ -5,6 +5,7 @@
 #ifndef KYMATH_PYTHON_TABLES_H
 #define KYMATH_PYTHON_TABLES_H
 
+#include "Results.h"
 #include "Slots.h"
 
 namespace KyMath::python {
@@ -29,9 +30,6 @@ V read(Numbers<V> numbers) {
 /// A component that C++ reads and writes through the same name.
 template <class V, class T>
 using Component = T& (V::*)();
-
-template <class T>
-concept Scalar = std::is_floating_point_v<T>;
 
 /// The operators `+`, `-` and their forms in place.
 template <class V>

@@ -191,8 +191,19 @@ struct Numbers {
     }
 };
 
-bool fromPython(PyObject* o, double& value);
-bool fromPython(PyObject* o, float& value);
+/// Any real number: of Python, of numpy, or of a type that says so.
+bool realFromPython(PyObject* o, double& value);
+inline bool fromPython(PyObject* o, double& value) {
+    if (!Py_IS_TYPE(o, &PyFloat_Type)) return realFromPython(o, value);
+    value = PyFloat_AsDouble(o);
+    return true;
+}
+inline bool fromPython(PyObject* o, float& value) {
+    double wide;
+    if (!fromPython(o, wide)) return false;
+    value = float(wide);
+    return true;
+}
 bool fromPython(PyObject* o, bool& value);
 /// An integer within [low, high]; outside of them, an error with the sentence.
 bool integerFromPython(PyObject* o, Py_ssize_t low, Py_ssize_t high, PyObject* error,

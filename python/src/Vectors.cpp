@@ -66,26 +66,8 @@ void addVector2(PyObject* module) {
 }
 
 template <Scalar T>
-std::optional<Vector3T<T>> planeNormal(const Vector3T<T>& a, const Vector3T<T>& b,
-                                       const Vector3T<T>& c) {
-    Vector3T<T> normal;
-    return Vector3T<T>::planeNormal(a, b, c, normal) ? std::optional(normal) : std::nullopt;
-}
-
-template <Scalar T>
 void addVector3(PyObject* module) {
     using V = Vector3T<T>;
-    using Pair = std::tuple<V, V>;
-    const auto project = [](const V& v, const V& dir) {
-        Pair parts;
-        v.project(dir, &std::get<0>(parts), &std::get<1>(parts));
-        return parts;
-    };
-    const auto planeSpace = [](const V& n) {
-        Pair axes;
-        n.planeSpace(std::get<0>(axes), std::get<1>(axes));
-        return axes;
-    };
     Type<V> type;
     init<make<V>, make<V, T, T, T>, read<V>>(type, "|x y z|numbers");
     constant<V::kZero>(type, "kZero");
@@ -105,8 +87,8 @@ void addVector3(PyObject* module) {
     def<&V::setOrthogonal>(type, "setOrthogonal", "v");
     def<&V::getOrthogonal>(type, "getOrthogonal");
     def<&V::orthogonalize>(type, "orthogonalize", "v");
-    def<project>(type, "project", "dir");
-    def<planeSpace>(type, "planeSpace");
+    def<project<T>>(type, "project", "dir");
+    def<planeSpace<T>>(type, "planeSpace");
     defStatic<planeNormal<T>>(type, "planeNormal", "a b c");
     type.addTo(module);
 }
@@ -143,11 +125,6 @@ void addVector6(PyObject* module) {
     def<&V::norm>(type, "norm");
     type.slot(Py_tp_str, stream<V>);
     type.addTo(module);
-}
-
-std::optional<double> computeAngle(const Vector3d& a, const Vector3d& b) {
-    double angle;
-    return Ky::KyComputeAngle(a, b, angle) ? std::optional(angle) : std::nullopt;
 }
 
 }  // namespace

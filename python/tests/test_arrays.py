@@ -1,0 +1,160 @@
+# SPDX-FileCopyrightText: 2026 The KyMath authors
+# SPDX-License-Identifier: Apache-2.0
+"""kymath.arrays: the bits of single calls, whatever the memory."""
+import operator
+import re
+import types
+
+import numpy as np
+import pytest
+
+import kymath as ky
+from kymath.arrays import BoundingBox, Matrix44, Quaternion, Transformation, Vector3
+
+random = np.random.default_rng(1)
+spaces = {name: space for name, space in vars(ky.arrays).items() if isinstance(space, types.ModuleType)}
+functions = [(name, member) for name, space in spaces.items() for member, ufunc in vars(space).items()
+             if isinstance(ufunc, np.ufunc)]
+# Where the single call has another form: what takes which arguments.
+singles = {
+    "Vector3.dot": (operator.matmul, ["Vector3", "Vector3"]),
+    "Quaternion.multiply": (operator.mul, ["Quaternion", "Quaternion"]),
+    "KyEulerAngles.toMatrix44": (
+        lambda a, order: ky.KyEulerAngles(a, order).toMatrix44(), ["Vector3", "int"]),
+    "KyEulerAngles.fromMatrix44": (
+        lambda m, order: changed(ky.KyEulerAngles(), "fromMatrix44", m, order).angles(), ["Matrix44", "int"])}
+shapes = {"float": (), "int": (), "bool": (), "Vector2": (2,), "Vector3": (3,), "Vector4": (4,),
+          "Quaternion": (4,), "Plane": (4,), "BoundingBox": (2, 3), "Line3": (2, 3), "Segment3": (2, 3),
+          "Matrix44": (4, 4), "KyTransform": (4, 4)}
+
+
+def changed(value, member, *arguments):
+    getattr(value, member)(*arguments)
+    return value
+
+
+def values(shape, dtype):
+    """Plain numbers, and some of those that break code."""
+    special = [0, -0.0, 1, -1, np.inf, np.nan, 1e-45, 3e38, 1e-7]
+    plain = random.normal(size=shape).astype("f")
+    return np.where(random.random(shape) < 0.1, random.choice(special, shape), plain).astype(dtype)
+
+
+def one(kind, array, letter):
+    if kind in ("float", "int", "bool"):
+        return array[()].item()
+    cls = getattr(ky, kind, None) or getattr(ky, kind + letter)
+    if kind == "Plane":
+        return cls(*array)
+    return cls(*map(ky.Vector3d, array)) if kind in ("Line3", "Segment3") else cls(array)
+
+
+def flat(result):
+    if isinstance(result, tuple):
+        return [number for part in result for number in flat(part)]
+    array = np.asarray(result.getAsVector4() if hasattr(result, "getAsVector4") else result, "d")
+    return np.where(array == array, array, np.nan).ravel().tolist()
+
+
+def singleCall(ufunc, space, member, letter):
+    """The function of one value, and the kinds of arguments that have the shapes of the ufunc."""
+    owner = getattr(ky, space + letter, None) or getattr(ky, space, ky)
+    single = getattr(owner, member, None) or getattr(owner, member.split("_")[0])
+    for line in re.findall(r"^\w+\((.*?)\) ->", single.__doc__, re.M):
+        kinds = re.findall(r": (\w+?)[fd]?(?=,|$)", line)
+        if type(single).__name__ == "method_descriptor":
+            kinds = [space, *kinds]
+        text = ",".join(str(shapes[kind]).replace(" ", "").replace(",)", ")") for kind in kinds)
+        if ufunc.signature.startswith(text + "->"):
+            return single, kinds
+        if text.endswith("," + ufunc.signature.split("->")[0]):  # of any object
+            return lambda *rest: changed(owner(), member, *rest), kinds[1:]
+    pytest.fail(f"no single call is {ufunc.signature}")
+
+
+@pytest.mark.parametrize("letter", "fd")
+@pytest.mark.parametrize("space, member", functions)
+def test_bits_of_single_calls(space, member, letter):
+    ufunc, name = getattr(spaces[space], member), f"{space}.{member}"
+    if letter not in ufunc.types[0] + ufunc.types[-1]:
+        return
+    if name in singles:
+        single, kinds = singles[name]
+    else:
+        single, kinds = singleCall(ufunc, space, member, letter)
+    columns = [random.integers(0, 8, 30) if kind == "int" else values((30, *shapes[kind]), letter) > 0
+               if kind == "bool" else values((30, *shapes[kind]), letter) for kind in kinds]
+    for i, column in enumerate(columns):  # of all orders in memory, and one value for all
+        columns[i] = [column, column[::-1], np.asfortranarray(column), column[:1]][(i + len(member)) % 4]
+    results = ufunc(*columns)
+    for n in range(30 if any(len(column) == 30 for column in columns) else 1):
+        row = [one(kind, column[n % len(column)], letter) for kind, column in zip(kinds, columns)]
+        expected = single(*row)
+        if expected is None and not isinstance(results, tuple):
+            expected = row[0]
+        elif member in ("makeCleanBase",):
+            expected = (row[0], expected)
+        found = tuple(result[n] for result in results) if isinstance(results, tuple) else results[n]
+        if expected is None:
+            assert not found[0]
+        else:
+            expected = flat(expected)
+            assert repr(flat(found)[-len(expected):]) == repr(expected)
+
+
+m = np.asarray(Transformation.composeT([1.0, 2, 3], [0.1, 0.2, 0.3], [4.0, 5, 6], 1.0))
+points = values((1000, 3), "d")
+
+
+def test_memory():
+    expected = Transformation.transformPositionT(m, points)
+    record = np.zeros(1000, [("flag", "i1"), ("p", "d", 3)])
+    record["p"] = points
+    wide = np.zeros((1000, 6))
+    out = wide[:, ::2]
+    assert Transformation.transformPositionT(m, record["p"], out=out) is out
+    same = [Transformation.transformPositionT(m, p) for p in (
+        points[::-1], np.asfortranarray(points)[::-1], points.astype(">f8")[::-1])]
+    same = [out, *(array[::-1] for array in same), Transformation.transformPositionT(m, points[None])[0]]
+    for array in same:
+        assert array.tobytes() == expected.tobytes()
+    over = points.copy()
+    Transformation.transformPositionT(m, over, out=over)
+    shifted = np.vstack([points, points[:1]])
+    Transformation.transformPositionT(m, shifted[:-1], out=shifted[1:])
+    assert over.tobytes() == shifted[1:].tobytes() == expected.tobytes()
+    assert Transformation.transformPositionT(m, points[:0]).shape == (0, 3)
+
+
+@pytest.mark.parametrize("left", [(5, 4, 4), (4, 4), (5, 1, 4, 4)])
+def test_products_in_any_order(left):
+    a, b = values(left, "d"), values((5, 4, 4), "d")
+    expected = Matrix44.multiply(np.asfortranarray(a), b)
+    assert repr(Matrix44.multiply(a, b)) == repr(expected) == repr(Matrix44.multiply(a, b[:, ::-1][:, ::-1]))
+    assert repr(Matrix44.multiply(b, a)) == repr(Matrix44.multiply(b, np.asfortranarray(a)))
+
+
+@pytest.mark.parametrize("a, b, result", [
+    ("f", "f", "f"), ("d", "d", "d"), ("f", "d", "d"), ("e", "f", "f"), ("l", "l", "d"), (">f", ">d", "d")])
+def test_types(a, b, result):
+    assert Vector3.cross(np.ones(3, a), np.ones(3, b)).dtype == result
+
+
+def test_broadcast():
+    planes, boxes = values((7, 1, 4), "d"), values((1, 9, 2, 3), "d")
+    sides = ky.arrays.Plane.intersect(planes, boxes)
+    assert sides.shape == (7, 9) and sides[3, 4] == ky.Planed(*planes[3, 0]).intersect(ky.BoundingBoxd(boxes[0, 4]))
+    assert Quaternion.slerp([1, 0, 0, 0], [0, 1, 0, 0], np.linspace(0, 1, 5)).shape == (5, 4)
+
+
+@pytest.mark.parametrize("bad, error", [
+    (np.ones(3, complex), TypeError), (np.array(["a", "b", "c"]), TypeError), (np.ones(4), ValueError),
+    (np.array([None] * 3), TypeError), (1.0, ValueError)])
+def test_refused(bad, error):
+    pytest.raises(error, Vector3.norm, bad)
+
+
+def test_no_warnings(recwarn):
+    Vector3.norm(np.full((9, 3), np.inf)), BoundingBox.center(np.full((9, 2, 3), np.nan))
+    Transformation.transformPositionT(np.zeros((4, 4)), points)
+    assert not recwarn.list
