@@ -4,9 +4,10 @@
 #
 # agree.sh [--quick]: installs what is missing, builds the library and its table of functions in many
 # ways, and compares the results of every function, to the last bit: GCC and Clang, without and with
-# optimisation, with link-time optimisation, for plain x86-64 up to what this CPU has, shared and
-# static, the latter also as on a processor without AVX2; then clients of one shared library that are
-# compiled with flags of their own. A difference names the build and the function. --quick takes a few
+# optimisation, with link-time optimisation and flags that let a compiler round differently, for plain
+# x86-64 up to what this CPU has, shared and static, the latter also as on a processor without AVX2; then
+# clients of one shared library that are compiled with flags of their own. A difference names the build
+# and the function. Flags that the library cannot be built with must be refused. --quick takes a few
 # builds that differ most.
 . "$(dirname "$(readlink -f "$0")")/common.sh"
 takes --quick "$@"
@@ -19,13 +20,14 @@ supported=$(/lib64/ld-linux-x86-64.so.2 --help)
 for march in x86-64-v3 x86-64-v4; do
     [[ $supported != *"$march (supported"* ]] || marches+=("$march")
 done
+optimised="-O3 -flto -freciprocal-math -fassociative-math -fno-signed-zeros -fno-trapping-math"
 if [[ ${1:-} == --quick ]]; then
     builds=("g++ -O0 -march=x86-64")
-    for compiler in g++ clang++; do builds+=("$compiler -O3 -flto -march=${marches[-1]}"); done
+    for compiler in g++ clang++; do builds+=("$compiler $optimised -march=${marches[-1]}"); done
 else
     builds=()
     for march in "${marches[@]}"; do
-        for level in -O0 -O2 -O3 "-O3 -flto"; do
+        for level in -O0 -O2 -O3 "$optimised"; do
             for compiler in g++ clang++; do builds+=("$compiler $level -march=$march"); done
         done
     done
@@ -72,6 +74,20 @@ for flags in "-O3 -march=${marches[-1]} -ffp-contract=fast" -O0 "-O2 -ffast-math
         compare "a client with $compiler $flags" "$out/client"
         echo "a client with $compiler $flags"
     done
+done
+for flag in -Ofast -ffast-math -funsafe-math-optimizations; do
+    if cmake -S "$root" -B "$out/refused" -G Ninja -DCMAKE_BUILD_TYPE=None -DKYMATH_TESTS=OFF \
+        -DCMAKE_CXX_FLAGS="-O2 $flag" -DKYMATH_EXAMPLES=OFF >/dev/null 2>&1; then
+        echo "$flag is not refused"
+        status=1
+    fi
+done
+for flag in -freciprocal-math -fno-signed-zeros -fsingle-precision-constant; do # without CMake
+    if g++ -std=c++17 $flag -fsyntax-only "-I$root/src" "-I$root/include" \
+        "$root/src/vector/Vector3.cpp" 2>/dev/null; then
+        echo "$flag is not refused by the sources"
+        status=1
+    fi
 done
 echo "$compared runs compared"
 exit $status

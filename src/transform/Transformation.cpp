@@ -252,14 +252,16 @@ Matrix44T<T> scaleToT(const Matrix44T<T>& m, const Vector3T<T>& scale) {
 
 template <class T>
 Vector3T<T> transformPositionT(const Matrix44T<T>& m, const Vector3T<T>& p) {
-    internal::Lanes<T> h = internal::times4(internal::loadColumns<T>(m), p, T(1));
-    h /= h[3];
+    constexpr T kOne = 1;
+    internal::Lanes<T> h = internal::times4(internal::loadColumns<T>(m), p, kOne);
+    h /= internal::Lanes<T>{h[3], h[3], h[3], kOne};  // not 0 / 0 where w is 0
     return Vector3T<T>(h[0], h[1], h[2]);
 }
 
 template <class T>
 Vector3T<T> transformDirectionT(const Matrix44T<T>& m, const Vector3T<T>& d) {
-    const internal::Lanes<T> h = internal::times4(internal::loadColumns<T>(m), d, T(0));
+    constexpr T kZero = 0;
+    const internal::Lanes<T> h = internal::times4(internal::loadColumns<T>(m), d, kZero);
     return Vector3T<T>(h[0], h[1], h[2]);
 }
 

@@ -4,6 +4,7 @@
 
 #include <sys/mman.h>
 
+#include <cfenv>
 #include <vector>
 
 namespace KyMath::test {
@@ -247,6 +248,26 @@ TEST_F(BatchDoubleTest, CullsLikeContainsUnderTheTopmostMaskAndChangesNothing) {
     EXPECT_EQ(~0u, masks[0]);
     EXPECT_TRUE(masks[1] != 0 && masks[1] != ~0u);
     EXPECT_EQ(0u, masks[2]);
+}
+
+// Of four values computed at once, those that do not count overflow and divide as little as others.
+TEST(LanesTest, RaiseNothingThatTheFormulaDoesNot) {
+    const Ky::KyTransform far(Vector3d(1e200, 1e200, 1e200), Ky::KyEulerAngles());
+    BoundingBoxd huge(-0.9e308, 0, 0, -0.8e308, 1, 1.7e308), small(1, 1, 1, 3, 3, 3);
+    Matrix44d flat;
+    flat(3, 3) = 0;
+    const std::vector<Vector3d> ends = {Vector3d(1e308, 0, 0), Vector3d(-7e307, 0, 0)};
+    std::vector<Vector3d> points;
+    std::feclearexcept(FE_ALL_EXCEPT);
+    Ky::KyTransform().compoundFirstThenInverseSecond(far, far);
+    huge.transform(Matrix44d());
+    BoundingBoxd().transform(flat);
+    flat.inverse();
+    CreateBezier(ends, 2, points);
+    EXPECT_EQ(0, std::fetestexcept(FE_INVALID | FE_DIVBYZERO | FE_OVERFLOW));
+    small.transform(flat);
+    Transformation::transformPositionT(flat, Vector3d(1, 2, 3));
+    EXPECT_EQ(FE_DIVBYZERO, std::fetestexcept(FE_INVALID | FE_DIVBYZERO | FE_OVERFLOW));
 }
 
 }  // namespace

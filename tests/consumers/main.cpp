@@ -15,15 +15,22 @@ using namespace KyMath;
 // Constants of the library are ready for the initialisers of a client.
 static const Matrix44d identity = Matrix44d::kIdentity;
 
+__attribute__((noinline)) static void turn(Vector2d& v, double angle) {
+    v.rotate(angle);
+}
+
 // A digest of the bits of sums of products, in which it shows if a compiler fused any of them.
 static unsigned long digest() {
     unsigned long hash = 0;
+    Vector2d turned(0.3, 0.7);
     for (int i = 1; i < 1000; ++i) {
         const Vector3d a(1.0 / i, i / 3.0, 0.1 * i);
         const Vector3d b(i / 7.0, -0.7 * i, 1.1 / i);
         const Matrix44d m = Transformation::composeT(a, b, a, 1.0);
         const Vector3d r = Quaterniond(a, 0.3).rotate(b);
-        for (const double value : {a * b, a.cross(b).z(), m.determinant(), r.x()}) {
+        turn(turned, 1.0 / i);
+        for (const double value :
+             {a * b, a.cross(b).z(), m.determinant(), r.x(), turned.x(), turned.y()}) {
             unsigned long bits = 0;
             std::memcpy(&bits, &value, sizeof bits);
             hash = hash * 31 + bits;
