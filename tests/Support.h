@@ -8,12 +8,14 @@
 #include <cmath>
 #include <cstdint>
 #include <cstring>
+#include <iomanip>
 #include <limits>
 #include <random>
 #include <sstream>
 #include <string>
 #include <type_traits>
 #include <utility>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -129,65 +131,43 @@ bool sameBits(T a, T b) {
     return std::memcmp(&a, &b, sizeof a) == 0;
 }
 
-template <class T>
-::testing::AssertionResult sameScalar(const char* ea, const char* eb, T a, T b) {
-    if (sameBits(a, b)) return ::testing::AssertionSuccess();
-    std::ostringstream s;
-    s.precision(17);
-    s << ea << " is " << a << ", " << eb << " is " << b;
-    s << std::hexfloat << " (" << a << ", " << b << ")";
-    return ::testing::AssertionFailure() << s.str();
+/// The numbers that a value is made of.
+using Numbers = std::vector<double>;
+template <class T, class = std::enable_if_t<std::is_arithmetic<T>::value>>
+Numbers numbers(T x) {
+    return {static_cast<double>(x)};
 }
-
 template <template <class> class V, class T>
-::testing::AssertionResult sameAny(const char* ea, const char* eb, const V<T>& a, const V<T>& b) {
-    const T* const p = a;
-    const T* const q = b;
-    for (int i = 0; i < kCount<V<T>>; ++i) {
-        if (sameBits(p[i], q[i])) continue;
-        const std::string at = "[" + std::to_string(i) + "]";
-        return sameScalar((ea + at).c_str(), (eb + at).c_str(), p[i], q[i]);
-    }
-    return ::testing::AssertionSuccess();
+Numbers numbers(const V<T>& v) {
+    const auto p = reinterpret_cast<const T*>(&v);
+    return Numbers(p, p + sizeof v / sizeof(T));
 }
 template <class T>
-::testing::AssertionResult sameAny(const char* ea, const char* eb, const BoundingBoxT<T>& a,
-                                   const BoundingBoxT<T>& b) {
-    const auto min = sameAny(ea, eb, a.getMin(), b.getMin());
-    return min ? sameAny(ea, eb, a.getMax(), b.getMax()) : min;
+Numbers numbers(const PlaneT<T>& p) {
+    Numbers all = numbers(p.getAsVector4());
+    all.insert(all.end(), {double(p.upperBBCorner()), double(p.lowerBBCorner())});
+    return all;
 }
-template <class T>
-::testing::AssertionResult sameAny(const char* ea, const char* eb, const PlaneT<T>& a,
-                                   const PlaneT<T>& b) {
-    if (a.upperBBCorner() != b.upperBBCorner() || a.lowerBBCorner() != b.lowerBBCorner()) {
-        return ::testing::AssertionFailure() << "corners of " << ea << " and " << eb;
-    }
-    return sameAny(ea, eb, a.getAsVector4(), b.getAsVector4());
-}
-inline ::testing::AssertionResult sameAny(const char* ea, const char* eb, float a, float b) {
-    return sameScalar(ea, eb, a, b);
-}
-inline ::testing::AssertionResult sameAny(const char* ea, const char* eb, double a, double b) {
-    return sameScalar(ea, eb, a, b);
-}
-inline ::testing::AssertionResult sameAny(const char* ea, const char* eb, const BoundingSphere& a,
-                                          const BoundingSphere& b) {
-    const auto center = sameAny(ea, eb, a.center(), b.center());
-    return center ? sameAny(ea, eb, a.radius(), b.radius()) : center;
+inline Numbers numbers(const BoundingSphere& s) {
+    return {s.center().x(), s.center().y(), s.center().z(), s.radius()};
 }
 
-struct SameBits {
-    template <class A, class B>
-    ::testing::AssertionResult operator()(const char* ea, const char* eb, const A& a,
-                                          const B& b) const {
-        return sameAny(ea, eb, a, b);
+template <class V>
+::testing::AssertionResult same(const char* ea, const char* eb, const V& a, const V& b) {
+    const Numbers p = numbers(a), q = numbers(b);
+    std::ostringstream s;
+    for (std::size_t i = 0; i < p.size(); ++i) {
+        if (sameBits(p[i], q[i])) continue;
+        s << std::defaultfloat << std::setprecision(17) << " [" << i << "] " << p[i] << " and "
+          << q[i] << std::hexfloat << " (" << p[i] << ", " << q[i] << ")";
     }
-};
+    if (s.str().empty()) return ::testing::AssertionSuccess();
+    return ::testing::AssertionFailure() << ea << " is not " << eb << ":" << s.str();
+}
 
 /// Expects two scalars, vectors, quaternions, matrices, boxes, spheres or planes of one type to
 /// agree to the last bit, planes in their corner indices too.
-#define EXPECT_BITS(expected, actual) \
-    EXPECT_PRED_FORMAT2(::KyMath::test::SameBits(), expected, actual)
+#define EXPECT_BITS(expected, actual) EXPECT_PRED_FORMAT2(::KyMath::test::same, expected, actual)
 
 /// Expects op(v) to turn v into expected and to return it by reference.
 template <class V, class F>

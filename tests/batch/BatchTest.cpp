@@ -113,21 +113,21 @@ class BatchTest : public ::testing::Test {
 protected:
     Corpus<T> corpus{1};
 
-    Array<Vector3T<T>> vectors() {
-        auto v = list<Vector3T<T>>([this] { return corpus.vector(); });
+    Array<Vec<T>> vectors() {
+        auto v = list<Vec<T>>([this] { return corpus.vector(); });
         v[2].x() = kInf<T>;
         v[6].z() = kNaN<T>;
         return v;
     }
-    Array<BoundingBoxT<T>> boxes() {
-        auto b = list<BoundingBoxT<T>>([this] { return corpus.box(); });
+    Array<Box<T>> boxes() {
+        auto b = list<Box<T>>([this] { return corpus.box(); });
         b[3].init();
         b[5].xMax() = kNaN<T>;
         return b;
     }
     /// Of no special form, affine, affine without a finite translation, and such that w = x + 1.
-    Array<Matrix44T<T>> matrices() {
-        auto m = list<Matrix44T<T>>([this] { return corpus.matrix(); });
+    Array<Mat<T>> matrices() {
+        auto m = list<Mat<T>>([this] { return corpus.matrix(); });
         m.resize(4);
         for (unsigned c = 0; c < 4; ++c) {
             for (std::size_t i = 1; i < 4; ++i) m[i](3, c) = c == 3 ? T(1) : T(0);
@@ -142,11 +142,11 @@ TYPED_TEST_SUITE(BatchTest, Scalars, );
 TYPED_TEST(BatchTest, TransformsLikeSingleCalls) {
     using T = TypeParam;
     // All w are 1 by an affine matrix, and all but one where w = x + 1.
-    auto finite = list<Vector3T<T>>([this] { return this->corpus.vector(); });
+    auto finite = list<Vec<T>>([this] { return this->corpus.vector(); });
     for (std::size_t i = 0; i < kMost; ++i) {
         if (i != 5) finite[i].x() = 0;
     }
-    for (const Matrix44T<T>& m : this->matrices()) {
+    for (const Mat<T>& m : this->matrices()) {
         for (const auto& vectors : {this->vectors(), finite}) {
             expectLikeSingle(
                 vectors, [&](auto... a) { Batch::transformPositions(m, a...); },
@@ -161,7 +161,7 @@ TYPED_TEST(BatchTest, TransformsLikeSingleCalls) {
     }
 }
 
-TYPED_TEST(BatchTest, MultipliesLikeSingleCallsAlsoInPlaceOfEitherFactor) {
+TYPED_TEST(BatchTest, MultipliesLikeSingleCalls) {
     using M = Matrix44T<TypeParam>;
     const auto make = [this] { return this->corpus.matrix(); };
     const Array<M> a = list<M>(make), b = list<M>(make);
@@ -179,14 +179,14 @@ TYPED_TEST(BatchTest, MultipliesLikeSingleCallsAlsoInPlaceOfEitherFactor) {
 TYPED_TEST(BatchTest, ClassifiesLikeSingleCalls) {
     using T = TypeParam;
     const auto boxes = this->boxes();
-    Array<Member<BoundingBoxT<T>>> members(kMost);
+    Array<Member<Box<T>>> members(kMost);
     for (std::size_t i = 0; i < kMost; ++i) members[i].value = boxes[i];
     int seen = 0;
     for (int i = 0; i < 20; ++i) {
-        const Vector3T<T> n = this->corpus.vector();
+        const Vec<T> n = this->corpus.vector();
         const PlaneT<T> plane(n, i < 2 ? n * T(2 - 4 * i) : this->corpus.vector() * T(0.25));
         for (std::size_t count = 1; count <= kMost; ++count) {
-            const BoundingBoxT<T>* const last = &members[kMost - count].value;
+            const Box<T>* const last = &members[kMost - count].value;
             Array<signed char> sides(count);
             Batch::classify(plane, last, sides.data(), count, sizeof members[0]);
             for (std::size_t k = 0; k < count; ++k) {
@@ -200,7 +200,7 @@ TYPED_TEST(BatchTest, ClassifiesLikeSingleCalls) {
 
 using BatchDoubleTest = BatchTest<double>;
 
-TEST_F(BatchDoubleTest, CompoundsLikeSingleCallsAndKeepsRowThree) {
+TEST_F(BatchDoubleTest, CompoundsLikeSingleCalls) {
     using Ky::KyTransform;
     const auto make = [this] { return KyTransform(corpus.matrix()); };
     const Array<KyTransform> a = list<KyTransform>(make), b = list<KyTransform>(make);
@@ -215,7 +215,7 @@ TEST_F(BatchDoubleTest, CompoundsLikeSingleCallsAndKeepsRowThree) {
     }
 }
 
-TEST_F(BatchDoubleTest, CullsLikeContainsUnderTheTopmostMaskAndChangesNothing) {
+TEST_F(BatchDoubleTest, CullsLikeContains) {
     Polytope region;  // of 33 planes around the origin, the last of which does not count
     for (int i = 0; i < 32; ++i) {
         const Vector3d n = corpus.vector();
@@ -246,7 +246,8 @@ TEST_F(BatchDoubleTest, CullsLikeContainsUnderTheTopmostMaskAndChangesNothing) {
         }
     }
     EXPECT_EQ(~0u, masks[0]);
-    EXPECT_TRUE(masks[1] != 0 && masks[1] != ~0u);
+    EXPECT_NE(~0u, masks[1]);
+    EXPECT_NE(0u, masks[1]);
     EXPECT_EQ(0u, masks[2]);
 }
 

@@ -36,23 +36,21 @@ TYPED_TEST(VectorFormulasTest, Arithmetic) {
 
 KY_TEST(FormulasTest, Vector2) {
     using V = Vector2T<T>;
-    V a(1, 2);
+    const V a(1, 2);
     EXPECT_BITS(T(11), a.dot(V(3, 4)));
     EXPECT_BITS(T(-2), a.cross(V(3, 4)));
-    EXPECT_BITS(T(5), a.normSquare());
-    EXPECT_BITS(V(2, 1), V(static_cast<const V&>(a).y(), static_cast<const V&>(a).x()));
-    a.y() = 6, a.x() = 5;
-    EXPECT_BITS(V(5, 6), a);
-    a.set(7, 8);
-    EXPECT_BITS(V(7, 8), a);
+    EXPECT_BITS(T(5), V(a).normSquare());
+    EXPECT_BITS(V(2, 1), V(a.y(), a.x()));
+    EXPECT_BITS(a, after(V(), [](V& v) { v.y() = 2, v.x() = 1; }));
+    EXPECT_BITS(a, after(V(), [](V& v) { v.set(1, 2); }));
+    EXPECT_BITS(V(0, 0), V::kZero);
 }
 
 KY_TEST(FormulasTest, Vector3) {
-    using V = Vector3T<T>;
+    using V = Vec<T>;
     const V a(1, 2, 3), b(4, 5, 6);
     EXPECT_BITS(T(32), a * b);
-    EXPECT_BITS(V(-1, -2, -3), -a);
-    EXPECT_BITS(V(2, 4, 6), a * 2);
+    EXPECT_BITS(V(-2, -4, -6), -a * 2);
     EXPECT_BITS(V(4, 10, 18), V::multComp(a, b));
     EXPECT_BITS(V(-3, 6, -3), a.cross(b));
     EXPECT_BITS(V(-3, 6, -3), after(V(), [&](V& v) { v.setCross(a, b); }));
@@ -63,24 +61,39 @@ KY_TEST(FormulasTest, Vector3) {
     EXPECT_BITS(T(49), V::distanceSqr(a, V(3, 5, 9)));
     EXPECT_BITS(T(7), V::distance(V(3, 5, 9), a));
     EXPECT_EQ(V(0, 5, 3), V(2, -3, 5).getOrthogonal());
-    EXPECT_BITS(V(1, 2, 3), V(a.x(), a.y(), a.z()));
-    EXPECT_BITS(V(4, 5, 6), after(V(), [](V& v) { v.x() = 4, v.y() = 5, v.z() = 6; }));
-    EXPECT_BITS(V(4, 5, 6), after(V(), [](V& v) { v.set(4, 5, 6); }));
-    EXPECT_EQ(1, V(1, 0, 0).isFinite() - V(0, 0, 1).isZero());
+    EXPECT_BITS(a, V(a.x(), a.y(), a.z()));
+    EXPECT_BITS(a, after(V(), [](V& v) { v.x() = 1, v.y() = 2, v.z() = 3; }));
+    EXPECT_BITS(a, after(V(), [](V& v) { v.set(1, 2, 3); }));
+    EXPECT_BITS(V(0, 0, 0), V::kZero);
 }
 
 KY_TEST(FormulasTest, Vector4) {
-    using V = Vector4T<T>;
+    using V = Vec4<T>;
     const V a(1, 2, 3, 4);
     EXPECT_BITS(T(70), a * V(5, 6, 7, 8));
     EXPECT_BITS(T(70), a.dot(V(5, 6, 7, 8)));
-    EXPECT_BITS(V(-2, -4, -6, -8), a * T(-2));
-    EXPECT_BITS(V(-1, -2, -3, -4), -a);
-    EXPECT_BITS(Vector3T<T>(1, 2, 3), a.xyz());
-    EXPECT_BITS(a, V(Vector3T<T>(1, 2, 3), 4));
+    EXPECT_BITS(V(-2, -4, -6, -8), -a * T(2));
+    EXPECT_BITS(Vec<T>(1, 2, 3), a.xyz());
+    EXPECT_BITS(a, V(Vec<T>(1, 2, 3), 4));
     EXPECT_BITS(a, V(a.x(), a.y(), a.z(), a.w()));
     EXPECT_BITS(a, after(V(), [](V& v) { v.x() = 1, v.y() = 2, v.z() = 3, v.w() = 4; }));
     EXPECT_BITS(a, after(V(), [](V& v) { v.set(1, 2, 3, 4); }));
+}
+
+// Zero in every component, finite in every component.
+TYPED_TEST(VectorFormulasTest, IsZeroAndIsFinite) {
+    using V = TypeParam;
+    using T = ScalarOf<V>;
+    if constexpr (kCount < V >> 2) {
+        for (int i = 0; i < kCount<V>; ++i) {
+            const auto with = [i](T x) { return after(V(), [=](V& v) { v[i] = x; }); };
+            EXPECT_TRUE(with(-T(0)).isZero());
+            EXPECT_FALSE(with(1).isZero());
+            EXPECT_TRUE(with(-kMax<T>).isFinite());
+            EXPECT_FALSE(with(-kInf<T>).isFinite());
+            EXPECT_FALSE(with(kNaN<T>).isFinite());
+        }
+    }
 }
 
 TEST(Vector6FormulasTest, Arithmetic) {
@@ -101,8 +114,8 @@ TEST(Vector6FormulasTest, Arithmetic) {
 }
 
 KY_TEST(FormulasTest, Matrix) {
-    using M = Matrix44T<T>;
-    using V = Vector4T<T>;
+    using M = Mat<T>;
+    using V = Vec4<T>;
     const M a(1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16);
     const M b(1, 2, 3, 4, 0, 1, 0, 0, 0, 0, 0, 2, 1, 0, 0, -1);
     EXPECT_BITS(V(90, 100, 110, 120), M::multiplyWithVector(a, V(1, 2, 3, 4)));
@@ -116,14 +129,14 @@ KY_TEST(FormulasTest, Matrix) {
     const M c(2, 1, 3, 4, 1, 0, 5, 2, 3, 2, 1, 1, 1, 4, 2, 3);
     EXPECT_BITS(T(-125), c.determinant());
     EXPECT_BITS(T(50), c.determinant3x3(0, 1, 2, 1, 2, 3));
-    EXPECT_BITS(M::kZero, M::multiply(a, 0));
+    EXPECT_BITS(M(0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0), M::kZero);
     EXPECT_BITS(M(1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1), M());
     EXPECT_BITS(M(), M::kIdentity);
 }
 
 KY_TEST(FormulasTest, Quaternion) {
-    using Q = QuaternionT<T>;
-    using V = Vector3T<T>;
+    using Q = Quat<T>;
+    using V = Vec<T>;
     const Q p(1, 2, 3, 4), q(5, 6, 7, 8);
     EXPECT_BITS(Q(-60, 12, 30, 24), p * q);
     EXPECT_BITS(Q(6, 8, 10, 12), p + q);
@@ -131,6 +144,10 @@ KY_TEST(FormulasTest, Quaternion) {
     EXPECT_BITS(Q(3, 6, 9, 12), p * T(3));
     EXPECT_BITS(Q(1, -2, -3, -4), p.getInverse());
     EXPECT_BITS(Q(1, -2, -3, -4), after(p, [](Q& r) { r.invert(); }));
+    EXPECT_BITS(Q(1, -2, -3, -4), after(Q(), [&](Q& r) { r.setInverse(p); }));
+    EXPECT_BITS(p, after(Q(), [&](Q& r) { p.get(r); }));
+    EXPECT_BITS(p, after(Q(), [&](Q& r) { p.get(static_cast<T*>(r)); }));
+    EXPECT_BITS(p, after(Q(), [](Q& r) { r.set(1, 2, 3, 4); }));
     EXPECT_BITS(T(70), p.dot(q));
     EXPECT_BITS(T(2), Q(1, -1, 1, -1).norm());
     EXPECT_BITS(V(54, 60, 78), p.rotate(V(1, 2, 3)));
@@ -139,12 +156,12 @@ KY_TEST(FormulasTest, Quaternion) {
 
 // Each matrix takes its point to where it must.
 KY_TEST(FormulasTest, Transformations) {
-    using V = Vector3T<T>;
+    using V = Vec<T>;
     using namespace Transformation;
     const V a(1, 2, 3), b(4, 5, 6), c(7, 8, 9), up(0, 0, 1), ahead(1, 7, 3);
     const T right = T(1.5707963267948966);
     const struct {
-        Matrix44T<T> m;
+        Mat<T> m;
         V from, to;
     } cases[] = {
         {createScaleT<T>(2, 3, 4), {1, 2, 3}, {2, 6, 12}},
@@ -155,7 +172,7 @@ KY_TEST(FormulasTest, Transformations) {
         {createRotationT<T>(0, right, 0), {1, 2, 3}, {3, 2, -1}},
         {createRotationT<T>(0, 0, right), {1, 2, 3}, {-2, 1, 3}},
         {createRotationT<T>(right, right, 0), {1, 2, 3}, {3, 1, 2}},  // y first
-        {createRotationT(QuaternionT<T>(1, 1, 1, 1)), {1, 2, 3}, {3, 1, 2}},
+        {createRotationT(Quat<T>(1, 1, 1, 1)), {1, 2, 3}, {3, 1, 2}},
         {createRotationT(up * T(5), right), {1, 2, 3}, {-2, 1, 3}},
         {createRotationFromAxesT(a, b, c), {1, 10, 100}, {741, 852, 963}},
         {createRotationFromOuterProductT(a, b), {1, 1, 1}, {15, 30, 45}},
@@ -182,14 +199,14 @@ KY_TEST(FormulasTest, Transformations) {
 }
 
 KY_TEST(FormulasTest, BoundingBox) {
-    using Box = BoundingBoxT<T>;
-    const Box box(1, 2, 3, 5, 8, 11);
-    EXPECT_BITS(Vector3T<T>(3, 5, 7), box.center());
-    EXPECT_BITS(Vector3T<T>(4, 6, 8), box.getBBSize());
-    EXPECT_BITS(Box(2, 3, 4, 5, 7, 9), box.intersect(Box(2, 3, 4, 6, 7, 9)));
-    EXPECT_BITS(Box(0, 2, 3, 5, 9, 11), box + Box(0, 3, 4, 1, 9, 9));
-    EXPECT_BITS(box, Box(box.xMin(), box.yMin(), box.zMin(), box.xMax(), box.yMax(), box.zMax()));
-    EXPECT_BITS(box, after(Box(), [](Box& b) {
+    using B = Box<T>;
+    const B box(1, 2, 3, 5, 8, 11);
+    EXPECT_BITS(Vec<T>(3, 5, 7), box.center());
+    EXPECT_BITS(Vec<T>(4, 6, 8), box.getBBSize());
+    EXPECT_BITS(B(2, 3, 4, 5, 7, 9), box.intersect(B(2, 3, 4, 6, 7, 9)));
+    EXPECT_BITS(B(0, 2, 3, 5, 9, 11), box + B(0, 3, 4, 1, 9, 9));
+    EXPECT_BITS(box, B(box.xMin(), box.yMin(), box.zMin(), box.xMax(), box.yMax(), box.zMax()));
+    EXPECT_BITS(box, after(B(), [](B& b) {
                     b.xMin() = 1, b.yMin() = 2, b.zMin() = 3, b.xMax() = 5, b.yMax() = 8,
                     b.zMax() = 11;
                 }));
@@ -199,9 +216,11 @@ TEST(KyTransformFormulasTest, RowsAndColumns) {
     using Ky::KyTransform;
     float a[16];
     for (int i = 0; i < 16; ++i) a[i] = float(i);
-    KyTransform t;
-    t.set(a);
+    KyTransform set;
+    set.set(a);
+    const KyTransform t = set;
     EXPECT_EQ(7, t(3, 1));
+    EXPECT_EQ(7, set(3, 1));
     EXPECT_BITS(Vector3d(12, 13, 14), t.getTranslation());
     EXPECT_BITS(Vector3d(44, 51, 58), t.transformPoint(Vector3d(1, 2, 3)));
     EXPECT_BITS(Vector3d(32, 38, 44), t.transformDirection(Vector3d(1, 2, 3)));

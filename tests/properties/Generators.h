@@ -24,10 +24,8 @@ namespace KyMath {
 /// Shows the numbers that a value is made of: a counterexample can be copied from the report.
 template <template <class> class V, class T, class = std::enable_if_t<internal::IsScalar<T>::value>>
 void showValue(const V<T>& v, std::ostream& os) {
-    const auto numbers = reinterpret_cast<const T*>(&v);
     os.precision(std::numeric_limits<T>::max_digits10);
-    for (std::size_t i = 0; i < sizeof v / sizeof(T); ++i) os << (i == 0 ? '(' : ' ') << numbers[i];
-    os << ')';
+    for (const double number : test::numbers(v)) os << ' ' << number;
 }
 
 namespace test {
@@ -65,7 +63,7 @@ double gap(const V& a, const V& b) {
 /// Agreement to the last bit.
 template <class V>
 bool same(const V& a, const V& b) {
-    return sameAny("", "", a, b);
+    return same("", "", a, b);
 }
 /// k machine epsilons of a magnitude, and the smallest normal number for what underflows.
 template <class T = double>

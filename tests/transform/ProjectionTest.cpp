@@ -59,21 +59,6 @@ KY_TEST(ProjectionTest, ReadsLetNaNPass) {
     EXPECT_FALSE(refuses<T>(getFrustumT, m, 3, 2, kNaN<T>));
 }
 
-KY_TEST(ProjectionTest, FrustumReadWritesInAFixedOrder) {
-    const Mat<T> m = createFrustumT<T>(-2, 3, -1, 4, 1, 6);
-    Bounds<T> expected;
-    EXPECT_TRUE(getFrustumT(m, expected[0], expected[1], expected[2], expected[3], expected[4],
-                            expected[5]));
-    const std::size_t order[] = {5, 4, 2, 3, 0, 1};  // far, near, bottom, top, left, right
-    for (std::size_t i = 0; i + 1 < 6; ++i) {        // two share a variable: the later one stays
-        Bounds<T> b;
-        T* out[] = {&b[0], &b[1], &b[2], &b[3], &b[4], &b[5]};
-        out[order[i]] = out[order[i + 1]];
-        EXPECT_TRUE(getFrustumT(m, *out[0], *out[1], *out[2], *out[3], *out[4], *out[5]));
-        EXPECT_BITS(expected[order[i + 1]], *out[order[i]]) << i;
-    }
-}
-
 KY_TEST(ProjectionTest, ReadsMayWriteOverTheirMatrix) {
     for (const bool perspective : {false, true}) {
         const Reader<T> reader = perspective ? getFrustumT<T> : getOrthographicT<T>;

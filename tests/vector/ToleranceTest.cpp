@@ -4,8 +4,7 @@
 // The library's tolerances, and the comparisons that all fixed-size types offer alike.
 #include "Support.h"
 
-namespace KyMath {
-namespace test {
+namespace KyMath::test {
 namespace {
 
 template <class T, class = void>
@@ -15,30 +14,26 @@ struct HasAreEqual<T, decltype(void(Ky::KY_ARE_EQUAL(std::declval<T>(), std::dec
     : std::true_type {};
 static_assert(HasAreEqual<double>::value && !HasAreEqual<float>::value, "for double only");
 
-TEST(ToleranceTest, EpsilonsAreFloatLiteralsTheDoubleOneWidened) {
+TEST(ToleranceTest, EpsilonsAreFloatLiterals) {
     EXPECT_BITS(1e-6f, Ky::KY_SMALL_REAL<float>::epsilon);
     EXPECT_BITS(static_cast<double>(1e-14f), Ky::KY_SMALL_REAL<double>::epsilon);
 }
 
-TEST(ToleranceTest, ScalarRuleIsAbsoluteNearZeroAndRelativeToBothElsewhere) {
+TEST(ToleranceTest, ScalarsMustBeWithinEpsilonOfBoth) {
     const double e = Ky::KY_SMALL_REAL<double>::epsilon, ulp = kEps<double>, inf = kInf<double>;
     // 64 steps apart: within e of the larger, but not of the smaller.
     const double smaller = 64 * ulp / e - 32 * ulp, larger = smaller + 64 * ulp;
-    ASSERT_TRUE(64 * ulp / smaller > e && 64 * ulp / larger <= e);
-    const struct {
-        double a, b;
-        bool equal;
-    } cases[] = {{0, -0.0, true},          {0, e, true},
-                 {0, above(e), false},     {0, 1e-14, false},
-                 {e, 2 * e, true},         {e, above(2 * e), false},
-                 {e / 2, -e / 2, true},    {e, -e, false},
-                 {1, 1 + 45 * ulp, true},  {1, 1 + 46 * ulp, false},
-                 {smaller, larger, false}, {-8, -8 - 360 * ulp, true},
-                 {1, -1, false},           {inf, inf, false},
-                 {kNaN<double>, 0, false}};
-    for (const auto& c : cases) {
-        EXPECT_EQ(c.equal, Ky::KY_ARE_EQUAL(c.a, c.b)) << c.a << ", " << c.b;
-        EXPECT_EQ(c.equal, Ky::KY_ARE_EQUAL(c.b, c.a)) << c.b << ", " << c.a;
+    ASSERT_GT(64 * ulp / smaller, e);
+    ASSERT_LE(64 * ulp / larger, e);
+    const double equal[][2] = {
+        {0, -0.0}, {0, e}, {e, 2 * e}, {e / 2, -e / 2}, {1, 1 + 45 * ulp}, {-8, -8 - 360 * ulp}};
+    const double unequal[][2] = {{0, above(e)}, {0, 1e-14},        {e, above(2 * e)},
+                                 {e, -e},       {1, 1 + 46 * ulp}, {smaller, larger},
+                                 {1, -1},       {inf, inf},        {kNaN<double>, 0}};
+    for (const auto& [a, b] : equal) EXPECT_TRUE(Ky::KY_ARE_EQUAL(a, b)) << a << ", " << b;
+    for (const auto& [a, b] : unequal) {
+        EXPECT_FALSE(Ky::KY_ARE_EQUAL(a, b)) << a << ", " << b;
+        EXPECT_FALSE(Ky::KY_ARE_EQUAL(b, a)) << a << ", " << b;
     }
 }
 
@@ -70,42 +65,31 @@ using FixedSizeTypes = ::testing::Types<Vector2f, Vector2d, Vector3f, Vector3d, 
                                         Matrix44f, Matrix44d, Quaternionf, Quaterniond>;
 TYPED_TEST_SUITE(ComparisonTest, FixedSizeTypes, );
 
-TYPED_TEST(ComparisonTest, IsExactOrAbsoluteNearZeroAndRelativeToBothElsewhere) {
+TYPED_TEST(ComparisonTest, IsAbsoluteNearZeroRelativeElsewhere) {
     using V = TypeParam;
     using T = ScalarOf<V>;
     const T tol = T(0.125), inf = kInf<T>, nan = kNaN<T>;
-    const struct {
-        T p, q;
-        double tol;
-        bool equal;
-    } cases[] = {{0, tol, 0.125, true},
-                 {0, above(tol), 0.125, false},
-                 {tol, 2 * tol, 0.125, true},
-                 {tol / 2, -tol / 2, 0.125, true},
-                 {tol, -tol, 0.125, false},
-                 {8, 9, 0.125, true},
-                 {8, above(T(9)), 0.125, false},
-                 {8, T(9.125), 0.125, false},
-                 {-8, -9, 0.125, true},
-                 {8, -8, 0.125, false},
-                 {3, above(T(3)), 0, false},
-                 {0, -T(0), 0, true},
-                 {3, 3, 0, true},
-                 {3, 3, -1, false},
-                 {3, 3, kNaN<double>, false},
-                 {3, 9, kInf<double>, true},
-                 {inf, 3, 0.125, false},
-                 {inf, inf, kInf<double>, false},
-                 {nan, 0, 0.125, false},
-                 {nan, nan, 0.125, false}};
-    for (const auto& c : cases) {
+    const auto check = [](bool expected, T p, T q, double tolerance) {
         for (int i = 0; i < kCount<V>; ++i) {
-            const V a = with<V>(i, c.p), b = with<V>(i, c.q);
-            EXPECT_TRUE((a == b) == (c.p == c.q) && (a != b) == (c.p != c.q)) << c.p << c.q;
-            EXPECT_EQ(c.equal, equalTol(a, b, c.tol)) << i << ": " << c.p << ", " << c.q;
-            EXPECT_EQ(c.equal, equalTol(b, a, c.tol)) << i << ": " << c.q << ", " << c.p;
+            const V a = with<V>(i, p), b = with<V>(i, q);
+            EXPECT_EQ(p == q, a == b) << p << ", " << q;
+            EXPECT_EQ(p != q, a != b) << p << ", " << q;
+            EXPECT_EQ(expected, equalTol(a, b, tolerance)) << i << ": " << p << ", " << q;
+            EXPECT_EQ(expected, equalTol(b, a, tolerance)) << i << ": " << q << ", " << p;
         }
-    }
+    };
+    const T equal[][2] = {{0, tol}, {tol, 2 * tol}, {tol / 2, -tol / 2}, {8, 9}, {-8, -9}};
+    const T unequal[][2] = {{0, above(tol)}, {tol, -tol}, {8, above(T(9))}, {8, T(9.125)},
+                            {8, -8},         {inf, 3},    {nan, 0},         {nan, nan}};
+    for (const auto& [p, q] : equal) check(true, p, q, 0.125);
+    for (const auto& [p, q] : unequal) check(false, p, q, 0.125);
+    check(true, 0, -T(0), 0);
+    check(true, 3, 3, 0);
+    check(true, 3, 9, kInf<double>);
+    check(false, 3, above(T(3)), 0);
+    check(false, 3, 3, -1);
+    check(false, 3, 3, kNaN<double>);
+    check(false, inf, inf, kInf<double>);
 }
 
 template <class V>
@@ -113,7 +97,8 @@ class FloatComparisonTest : public ::testing::Test {};
 using FloatTypes = ::testing::Types<Vector2f, Vector3f, Vector4f, Matrix44f, Quaternionf>;
 TYPED_TEST_SUITE(FloatComparisonTest, FloatTypes, );
 
-TYPED_TEST(FloatComparisonTest, OnlyTheDifferenceIsFormedInFloatButForQuaternions) {
+// Except for quaternions.
+TYPED_TEST(FloatComparisonTest, OnlyTheDifferenceIsFormedInFloat) {
     using V = TypeParam;
     constexpr bool kInFloat = std::is_same<V, Quaternionf>::value;
     // 7 / 10 is above 0.7f in double, though equal to it in float.
@@ -128,5 +113,4 @@ TYPED_TEST(FloatComparisonTest, OnlyTheDifferenceIsFormedInFloatButForQuaternion
 }
 
 }  // namespace
-}  // namespace test
-}  // namespace KyMath
+}  // namespace KyMath::test

@@ -128,14 +128,13 @@ KY_TEST(Vector3Test, CleanBaseIsWithinTheTolerance) {
                  {1 - tol, 0, 1},     {tol - 1, 0, -1}, {below(1 - tol), 0, 0}};
     for (const auto& c : cases) {
         for (int k = 0; k < 3; ++k) {
-            for (const int other : {(k + 1) % 3, (k + 2) % 3}) {
-                Vec<T> v;
-                v[k] = c.most, v[other] = c.other;
-                const Vec<T> before = v;
-                EXPECT_EQ(c.expected != 0, v.makeCleanBase(tol)) << c.most << ", " << c.other;
-                EXPECT_BITS(c.expected != 0 ? c.expected : before[k], v[k]);
-                EXPECT_BITS(c.expected != 0 ? T(0) : before[other], v[other]);
-            }
+            Vec<T> v;
+            v[k] = c.most, v[(k + 1) % 3] = c.other;
+            const bool clean = c.expected != 0;
+            const Vec<T> expected = clean ? Vec<T>() : v;
+            EXPECT_EQ(clean, v.makeCleanBase(tol)) << c.most << ", " << c.other;
+            if (clean) EXPECT_EQ(c.expected, v[k]), v[k] = 0;
+            EXPECT_BITS(expected, v);
         }
     }
     Vec<T> v(kNaN<T>, kNaN<T>, kNaN<T>);  // within any tolerance, and not positive
