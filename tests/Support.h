@@ -176,7 +176,7 @@ void expectInPlace(const V& expected, V v, F op) {
     EXPECT_BITS(expected, v);
 }
 
-/// A fixed stream of scalars and of what is made of them.
+/// A fixed pseudo-random stream of scalars and of values made of them.
 template <class T>
 class Corpus {
 public:

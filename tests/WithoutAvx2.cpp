@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The KyMath authors
 // SPDX-License-Identifier: Apache-2.0
 //
-// In programs that link the archive: with WITHOUT_AVX2 in the environment, the library takes the
-// processor for one that has no AVX2.
+// In programs that link the archive: if WITHOUT_AVX2 is set in the environment, the library behaves
+// as on a processor without AVX2.
 #include <cstdlib>
 
 namespace KyMath {

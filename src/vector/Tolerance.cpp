@@ -11,7 +11,7 @@ const float KY_SMALL_REAL<float>::epsilon = 1e-6f;
 
 // Deliberate: the float literal widened, 9.9999998245167004e-15, not the double 1e-14. A value of
 // 1e-14 is not within epsilon of zero. Pinned by
-// ToleranceTest.EpsilonsAreFloatLiteralsTheDoubleOneWidened.
+// ToleranceTest.EpsilonsAreFloatLiterals.
 template <>
 const double KY_SMALL_REAL<double>::epsilon = static_cast<double>(1e-14f);
 static_assert(static_cast<double>(1e-14f) < 1e-14, "the comment above describes this value");

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The KyMath authors
 // SPDX-License-Identifier: Apache-2.0
 //
-// Unload LIBRARY: a program may load the library as a plug-in and let go of it, time and again.
-// Each time a constant has its value, a function works, and nothing stays behind.
+// Unload LIBRARY: a program may load the library as a plug-in and unload it, again and again. Each
+// time a constant has its value, a function works, and nothing is left behind.
 #include <dlfcn.h>
 #include <malloc.h>
 

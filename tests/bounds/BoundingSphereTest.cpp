@@ -72,7 +72,7 @@ TEST(BoundingSphereTest, GrowsByABoxToItsCorners) {
     }
 }
 
-// Deliberate: far-side points stand in for the old sphere.
+// Deliberate: the old sphere is represented by its far-side points.
 TEST(BoundingSphereTest, MayShrinkWhenGrownByABox) {
     const Vector3d c(1, 2, 3);  // no direction leads to a corner at the centre
     BoundingSphere unit(c, 1), big(Vector3d(), 10);

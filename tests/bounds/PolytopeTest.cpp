@@ -35,7 +35,7 @@ void expectContains(bool in, unsigned int mask, Polytope& p, const BoundingBoxd&
     expectState(mask, stack, p);
 }
 
-// Deliberate: the stack is read at its top only, so whoever rebuilds often has to pop.
+// Deliberate: only the top of the stack is read, so code that rebuilds often has to pop.
 TEST(PolytopeTest, EveryChangePushesAFullMask) {
     const Planes two = {Planed(1, 2, 3, 4), Planed(-5, 6, -7, 8)};
     Polytope p(Planes(5, Planed(1, 0, 0, 7)));

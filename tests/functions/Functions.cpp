@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The KyMath authors
 // SPDX-License-Identifier: Apache-2.0
 //
-// Every public member and free function with its exact signature, both instantiations. Whoever
-// calls them draws the arguments; a function that is exported but not named here fails a test.
+// Every public member and free function with its exact signature, in both instantiations. Callers
+// draw the arguments. A function that is exported but not listed here fails a test.
 #include "Table.h"
 
 namespace KyMath {

@@ -7,7 +7,7 @@ namespace test {
 
 namespace {
 
-// Whether the function came back.
+// Whether the function returned, rather than threw.
 bool once(Subject& subject, Digest& result) {
     hooks.before();
     bool threw = false;

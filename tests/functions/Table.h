@@ -24,7 +24,7 @@ struct Hooks {
 };
 inline Hooks hooks;
 
-/// One call of a function: where its arguments come from, and what became of it.
+/// One call of a function: the source of its arguments, and its outcome.
 struct Call {
     Inputs& in;
     unsigned limit;  ///< indices and counts are below

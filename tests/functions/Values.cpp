@@ -72,7 +72,7 @@ T Inputs::plain() {
     return std::ldexp(T(random), 4 - kDigits);
 }
 
-/// One of the values where functions of the library change their minds, or a neighbour.
+/// One of the values at which functions of the library switch, or a neighbour.
 template <class T>
 T Inputs::threshold() {
     constexpr double kSingle = double(std::numeric_limits<float>::epsilon());
@@ -127,7 +127,7 @@ void Inputs::draw(double& value) {
     earlier_.push_back(value);
 }
 
-/// A rotation that is exact but for one rounding of each element, from a quaternion of integers.
+/// A rotation from a quaternion of integers: exact, except for one rounding of each element.
 template <class T>
 void Inputs::rotation(T (&rows)[3][3], int (&q)[4]) {
     int square = 0;
@@ -227,7 +227,7 @@ void Inputs::draw(Vector6& v) {
 template <class T>
 void Inputs::draw(QuaternionT<T>& quaternion) {
     if (pick(2, 1) == 0) return components<T>(quaternion, 4);
-    // The square of a quaternion of integers, over its norm: of unit length but for rounding.
+    // The square of a quaternion of integers, divided by its norm: of unit length within rounding.
     T rows[3][3];
     int q[4];
     rotation(rows, q);

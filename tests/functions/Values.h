@@ -103,8 +103,8 @@ private:
     std::vector<std::vector<double>> earlierV_;  ///< and vectors
 };
 
-/// A 64-bit digest (FNV-1a by words) of results, to the last bit but for NaN: all NaNs are alike,
-/// since their signs and payloads are not part of any result.
+/// A 64-bit digest (FNV-1a by words) of results, to the last bit. All NaNs are alike: their signs
+/// and payloads are not part of any result.
 class Digest {
 public:
     std::uint64_t value() const {

@@ -68,7 +68,7 @@ bool checkThreads(const Function& function) {
 }
 
 /// Whether a call that runs out of memory, at whichever of its allocations, changes nothing and
-/// keeps nothing. (A stream takes note of the failure instead.)
+/// keeps nothing. (A stream records the failure instead.)
 bool checkMemory(const Function& function, int& failures) {
     Inputs in(seedOf(function));
     for (int i = 0; i < 100; ++i) {

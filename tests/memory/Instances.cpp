@@ -17,7 +17,7 @@ template class std::basic_ostringstream<char>;
 template class std::num_put<char>;
 template std::ostream& std::__ostream_insert(std::ostream&, const char*, std::streamsize);
 
-// The last byte of a message made in that library looks unset to strlen.
+// The last byte of a message made in that library would look unset to strlen.
 extern "C" const char* __msan_default_options() {
     return "intercept_strlen=0";
 }

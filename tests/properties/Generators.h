@@ -31,7 +31,7 @@ void showValue(const V<T>& v, std::ostream& os) {
 namespace test {
 
 using KyMath::showValue;
-// Quaternions are generated at unit length, boxes valid.
+// Generated quaternions are of unit length, boxes valid.
 
 /// Scale by 1/8 to 8, then a rotation, then a translation.
 template <class T>

@@ -57,8 +57,9 @@ KY_PROPERTY(Properties, MatrixProducts, (Mat<T> a, Mat<T> b, Mat<T> c)) {
     RC_ASSERT(std::abs(da - dt) <= bound<T>(12, std::pow(size(a), 4)));
 }
 
-// The entries of a rotation made from a quaternion are within 10 epsilons, all nine within 30 in
-// length: as much again, and the roundings, for a product of two that should be a third.
+// The entries of a rotation made from a quaternion are off by at most 10 epsilons, all nine
+// together by 30 in length. A product of two, compared with a third, is off by twice that plus its
+// roundings.
 constexpr double kRotation = 64;
 
 template <class T>
@@ -66,7 +67,7 @@ double turnGap(const Quat<T>& p, const Quat<T>& q) {
     return std::min(gap(p, q), gap(p, q * T(-1)));
 }
 
-// 24 roundings of minors, times a row, over the determinant.
+// 24 roundings in the minors, times a row, divided by the determinant.
 KY_PROPERTY(Properties, InverseMakesTheIdentity, (Frame<T> f, bool transpose)) {
     Mat<T> m = f.affine(), rigid = f.rigid();
     if (transpose) m.transpose();
@@ -86,7 +87,7 @@ Vec<T> angles(const Vec<T>& v) {
     return each<Vec<T>>([&](int i) { return v[i] * (std::floor(v[i]) == v[i] ? kEighth : 1); });
 }
 
-// The middle angle is an asin, which divides errors by the cosine, a root of epsilon at least.
+// The middle angle is an asin, which divides errors by the cosine, at least the root of epsilon.
 // Within 1e-7 of the pole the cosine is dropped.
 KY_PROPERTY(Properties, DecomposeUndoesCompose, (Frame<T> f, Vec<T> v, bool reflected)) {
     const Mat<T> m = composeT(f.scale, angles(v), f.shift, T(reflected ? -1 : 1));
@@ -101,7 +102,7 @@ KY_PROPERTY(Properties, DecomposeUndoesCompose, (Frame<T> f, Vec<T> v, bool refl
                                (limit + (cosine < 2e-7 ? 4e-7 : 0)) * size(f.scale));
 }
 
-// The angle is an acos, which divides errors by the sine s, a root of epsilon at least.
+// The angle is an acos, which divides errors by the sine s, at least the root of epsilon.
 KY_PROPERTY(Properties, QuaternionsAreTheirMatrices, (Quat<T> p, Quat<T> q, Vec<T> v)) {
     const Mat<T> m = createRotationT(q), product = Mat<T>::multiply(createRotationT(p), m);
     RC_ASSERT(gap(createRotationT(p * q), product) <= bound<T>(2 * kRotation, 1));
@@ -115,8 +116,8 @@ KY_PROPERTY(Properties, QuaternionsAreTheirMatrices, (Quat<T> p, Quat<T> q, Vec<
     RC_ASSERT(q.w() < -1 || error <= bound<T>(16, 1 / s));
 }
 
-// With steps of 1/256 both factors are exact: swapping the ends swaps the two terms. The chord that
-// stands for an arc of up to 4.5e-4 is short of it by an eighth of the square.
+// With steps of 1/256 both factors are exact: swapping the ends swaps the two terms. The chord used
+// for arcs of up to 4.5e-4 is shorter by an eighth of the square.
 KY_PROPERTY(Properties, SlerpIsSymmetric, (Quat<T> p, Quat<T> q, std::uint8_t n)) {
     const Quat<T> r = p.slerp(q, T(n) / 256), s = q.slerp(p, 1 - T(n) / 256);
     RC_ASSERT(r == s || r == s * T(-1));
@@ -125,8 +126,8 @@ KY_PROPERTY(Properties, SlerpIsSymmetric, (Quat<T> p, Quat<T> q, std::uint8_t n)
     RC_ASSERT(turnGap(p.slerp(q, 1), q) <= bound<T>(4, 1) && r.dot(p) >= 0);
 }
 
-// An error in the cosine counts over the sine, a root of epsilon at least. Double takes cosines
-// within 1e-14 of 1 as 1: that is an angle of 1.5e-7, about any axis.
+// An error in the cosine is divided by the sine, at least the root of epsilon. In double, cosines
+// within 1e-14 of 1 count as 1: an angle of 1.5e-7, about any axis.
 KY_PROPERTY(Properties, FromRotationTakesOneToTheOther, (Vec<T> a, Vec<T> b, bool near)) {
     const Vec<T> from = unit(a), to = unit(near ? from + b * (T(1) / 4096) : b);
     RC_PRE(from * to > T(-0.99));
@@ -184,7 +185,7 @@ RC_GTEST_PROP(RigidProperties, InterpolationMeetsItsEnds,
     RC_ASSERT(turnGap(q, f.turn) <= bound(kRotation, 1));
 }
 
-// The cross product errs by an epsilon of the lengths, far less than what makes a rotation.
+// The cross product is off by an epsilon of the lengths, far less than isValid() allows.
 RC_GTEST_PROP(RigidProperties, MakeOrthonormalMakesARotation,
               (Vector3d a, Vector3d b, Vector3d c)) {
     RC_PRE(!a.isZero() && size(unit(a).cross(b)) > 0.011);
@@ -232,8 +233,8 @@ KY_PROPERTY(Properties, TransformHoldsThePoints, (Box<T> box, Frame<T> f, unsign
     RC_ASSERT(holds(back, box, bound<T>(64, reach + size(f.shift))));
 }
 
-// Rounding is monotonic: no corner is further out than the one that the plane picks. Coefficients
-// below epsilon count as negative in the choice.
+// Rounding is monotonic: no corner is further out than the one that the plane picks. When it picks,
+// coefficients below epsilon count as negative.
 KY_PROPERTY(Properties, PlaneSideIsThatOfAllCorners, (Vector4T<T> v, Box<T> box)) {
     for (int i = 0; i < 3; ++i) v[i] = std::abs(v[i]) < kEps<T> ? T(0) : v[i];
     const PlaneT<T> plane(v);
@@ -246,7 +247,7 @@ KY_PROPERTY(Properties, PlaneSideIsThatOfAllCorners, (Vector4T<T> v, Box<T> box)
     RC_ASSERT(PlaneT<T>(-v).intersect(box) == -plane.intersect(box));
 }
 
-// The normal errs by 4 epsilons of the edges over the sine between them; a rotation by its 64.
+// The normal is off by 4 epsilons of the edges divided by the sine between them; a rotation by 64.
 KY_PROPERTY(Properties, PlaneHoldsItsPoints, (Vec<T> a, Vec<T> b, Vec<T> c, Frame<T> f)) {
     const double cross = size((b - a).cross(c - b)), edge = gap(a, b) + gap(b, c);
     const double reach = size(a) + size(b) + size(c) + size(f.shift) + 1;
@@ -310,8 +311,9 @@ KY_PROPERTY(Properties, ProjectionsGiveTheirBoundsBack, (Box<T> b, bool perspect
     RC_ASSERT(gap(l, low) <= limit && gap(h, high) <= limit);
 }
 
-// A point at fractions of the window, which grows with depth in perspective, and of the depth is on
-// the positive side of each plane that it has not passed. The plane at the near end is eFar.
+// A point is given by fractions of the depth and of the window, which grows with depth in
+// perspective. It is on the positive side of each plane that it has not passed. eFar is at the near
+// end.
 RC_GTEST_PROP(FrustumProperties, PlanesEncloseWhatTheWindowShows,
               (Frame<float> camera, Vector3f place, bool perspective)) {
     const Vector3f at = each<Vector3f>([&](int i) { return std::fmod(place[i], 2.0f) + 0.5f; });
@@ -349,7 +351,7 @@ RC_GTEST_PROP(SphereProperties, GrowingHoldsBoth, (Vector4d a, Vector4d b, Box<d
     }
 }
 
-// What the points of a line are rounded by: both parts of their sum, and factors by as much.
+// The rounding of points on a line: of both terms of the sum, and as much again of the factor.
 double lineLimit(const Line3& line, double t, double other) {
     return bound(8, other + (1 + std::abs(t)) * (size(line.p1) + size(line.p2)));
 }
@@ -366,7 +368,7 @@ RC_GTEST_PROP(LineProperties, FootOfAPointIsClosest,
     RC_ASSERT(distance - limit <= limited && limited <= gap(other, q) + limit);
 }
 
-// Errors of the factors count over the squared sine, once more for the distance to go.
+// Errors of the factors are divided by the squared sine, and once more for the distance.
 RC_GTEST_PROP(LineProperties, LinesAreEquallyFar,
               (Vector3d p, Vector3d d, Vector3d q, Vector3d e)) {
     const Segment3 a(p, p + d), b(q, q + e);
@@ -395,7 +397,7 @@ RC_GTEST_PROP(LineProperties, LineMeetsTheSphereOnIt, (Vector3d p1, Vector3d d, 
     RC_ASSERT((p[0] - p[1]) * (line.p2 - line.p1) > 0);
 }
 
-// Convex combinations stay in the box of the controls but for an epsilon per step.
+// Convex combinations stay in the box of the controls, within an epsilon per step.
 RC_GTEST_PROP(CurveProperties, CurvesKeepToTheirControls,
               (std::vector<Vector3d> controls, std::uint8_t more)) {
     const auto m = static_cast<unsigned int>(controls.size());
@@ -409,7 +411,7 @@ RC_GTEST_PROP(CurveProperties, CurvesKeepToTheirControls,
         RC_ASSERT(!named[type](controls, m - 1, out) && named[type](controls, m + more, out));
         RC_ASSERT(CreateCurve(eCurveType(type), controls, m + more, again));
         RC_ASSERT(out.size() == m + more && (more > 0 || out == controls));
-        RC_ASSERT(std::equal(out.begin(), out.end(), again.begin(), again.end(), same<Vector3d>));
+        for (std::size_t i = 0; i < out.size(); ++i) RC_ASSERT(same(out[i], again.at(i)));
         if (type == eCurveCatmullRom) continue;
         RC_ASSERT(out.front() == controls.front() && out.back() == controls.back());
         for (const Vector3d& p : out) RC_ASSERT(holds(box, Box<double>(p, p), limit));

@@ -131,9 +131,9 @@ KY_TEST(Vector3Test, CleanBaseIsWithinTheTolerance) {
             Vec<T> v;
             v[k] = c.most, v[(k + 1) % 3] = c.other;
             const bool clean = c.expected != 0;
-            const Vec<T> expected = clean ? Vec<T>() : v;
+            const auto snapped = [&](Vec<T>& e) { e[k] = c.expected; };
+            const Vec<T> expected = clean ? after(Vec<T>(), snapped) : v;
             EXPECT_EQ(clean, v.makeCleanBase(tol)) << c.most << ", " << c.other;
-            if (clean) EXPECT_EQ(c.expected, v[k]), v[k] = 0;
             EXPECT_BITS(expected, v);
         }
     }
