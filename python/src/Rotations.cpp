@@ -51,7 +51,7 @@ void addQuaternion(PyObject* module) {
     def<toEulerXYZ<T>>(type, "toEulerXYZ");
     def<&Q::finiteRotation>(type, "finiteRotation", "omega dt");
     def<&Q::slerp>(type, "slerp", "q t");
-    def<&Q::fromRotation>(type, "fromRotation", "from to");
+    def<&Q::fromRotation>(type, "fromRotation", "from_ to");
     type.addTo(module);
 }
 
@@ -80,7 +80,7 @@ void addEulerAngles(PyObject* module) {
     def<&E::order>(type, "order");
     def<toMatrix44>(type, "toMatrix44");
     def<fromMatrix44>(type, "fromMatrix44", "m order");
-    defStatic<&E::getEulerAngles>(type, "getEulerAngles", "angles from to");
+    defStatic<&E::getEulerAngles>(type, "getEulerAngles", "angles from_ to");
     defStatic<&E::areEqualTolAndSameOrder>(type, "areEqualTolAndSameOrder", "a b tol");
     defStatic<&E::areEqualTol>(type, "areEqualTol", "a b tol");
     type.slot(Py_tp_str, stream<E>);
@@ -113,7 +113,7 @@ void addTransform(PyObject* module) {
     def<&T::rotateSelf>(type, "rotateSelf", "omega dt");
     def<static_cast<T& (T::*)(const Q&)>(&T::makeRotation),
         static_cast<bool (T::*)(V, double)>(&T::makeRotation)>(type, "makeRotation", "q|dir tol");
-    def<&T::makeFromRotatedVector>(type, "makeFromRotatedVector", "from to");
+    def<&T::makeFromRotatedVector>(type, "makeFromRotatedVector", "from_ to");
     defStatic<&T::outerProduct3x3>(type, "outerProduct3x3", "a b");
     def<toQuaternion>(type, "toQuaternion");
     def<&T::transformPoint>(type, "transformPoint", "p");

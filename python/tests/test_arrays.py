@@ -2,7 +2,10 @@
 # SPDX-License-Identifier: Apache-2.0
 """kymath.arrays: the bits of single calls, whatever the memory."""
 import operator
+import pathlib
 import re
+import subprocess
+import sys
 import types
 
 import numpy as np
@@ -152,6 +155,12 @@ def test_broadcast():
     (np.array([None] * 3), TypeError), (1.0, ValueError)])
 def test_refused(bad, error):
     pytest.raises(error, Vector3.norm, bad)
+
+
+def test_example(tmp_path):
+    program = pathlib.Path(__file__).parents[2] / "examples/python/exposure.py"
+    output = subprocess.check_output([sys.executable, program, tmp_path / "map.png"], text=True)
+    assert output.startswith("7,740,000 tests; 1082 of 2150 tiles") and (tmp_path / "map.png").exists()
 
 
 def test_no_warnings(recwarn):
