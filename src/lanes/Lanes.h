@@ -94,10 +94,12 @@ template <int I, int J, int K, int L>
 static KY_INLINE WideLanes shuffle(WideLanes a, WideLanes b) {
     return __builtin_shufflevector(a, b, I, J, 8 + K, 8 + L, 4 + I, 4 + J, 12 + K, 12 + L);
 }
-static KY_INLINE WideLanes loadGroups(const float* p) {
+template <class V>
+static KY_INLINE V loadGroups(const float* p) {
     return __builtin_shufflevector(load(p), load(p + 12), 0, 1, 2, 3, 4, 5, 6, 7);
 }
-static KY_INLINE void storeGroups(float* p, WideLanes v) {
+template <class V>
+static KY_INLINE void storeGroups(float* p, V v) {
     store(p, __builtin_shufflevector(v, v, 0, 1, 2, 3));
     store(p + 12, __builtin_shufflevector(v, v, 4, 5, 6, 7));
 }
@@ -122,10 +124,12 @@ template <int I, int J, int K, int L>
 static KY_INLINE WideLanes shuffle(WideLanes a, WideLanes b) {
     return __builtin_shufflevector(a, b, I, J, 4 + K, 4 + L);
 }
-static KY_INLINE WideLanes loadGroups(const float* p) {
+template <class V>
+static KY_INLINE V loadGroups(const float* p) {
     return load(p);
 }
-static KY_INLINE void storeGroups(float* p, WideLanes v) {
+template <class V>
+static KY_INLINE void storeGroups(float* p, V v) {
     store(p, v);
 }
 
