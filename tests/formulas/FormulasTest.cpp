@@ -132,6 +132,8 @@ KY_TEST(FormulasTest, Matrix) {
     EXPECT_BITS(M(0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0), M::kZero);
     EXPECT_BITS(M(1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1), M());
     EXPECT_BITS(M(), M::kIdentity);
+    M m;
+    EXPECT_EQ(m[2], m.column(2));
 }
 
 KY_TEST(FormulasTest, Quaternion) {
@@ -148,6 +150,8 @@ KY_TEST(FormulasTest, Quaternion) {
     EXPECT_BITS(p, after(Q(), [&](Q& r) { p.get(r); }));
     EXPECT_BITS(p, after(Q(), [&](Q& r) { p.get(static_cast<T*>(r)); }));
     EXPECT_BITS(p, after(Q(), [](Q& r) { r.set(1, 2, 3, 4); }));
+    const T values[] = {1, 2, 3, 4};
+    EXPECT_BITS(p, after(Q(), [&](Q& r) { r = values; }));
     EXPECT_BITS(T(70), p.dot(q));
     EXPECT_BITS(T(2), Q(1, -1, 1, -1).norm());
     EXPECT_BITS(V(54, 60, 78), p.rotate(V(1, 2, 3)));
@@ -194,6 +198,8 @@ KY_TEST(FormulasTest, Transformations) {
         const V error = transformPositionT(k.m, k.from) - k.to;
         EXPECT_LE(error.norm(), 32 * kEps<T> * k.from.norm()) << &k - cases;
     }
+    const Mat<T> turned = composeT(V(2, 3, 4), V(0, 0, 1), b, T(1));
+    EXPECT_LE((getRotationT(turned, true) - V(0, 0, 1)).norm(), 4 * kEps<T>);
     EXPECT_BITS(V(1, 2, 3),
                 linearVelocityT(createTranslationT(a), createTranslationT(a * 3), T(2)));
 }

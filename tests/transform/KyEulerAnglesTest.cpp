@@ -47,6 +47,13 @@ TEST(KyEulerAnglesTest, HigherBitsMeanNothing) {
     }
 }
 
+TEST(KyEulerAnglesTest, SetOrderKeepsAngles) {
+    KyEulerAngles a(1, 2, 3);
+    a.setOrder(KyEulerAngles::eZYXr);
+    EXPECT_EQ(KyEulerAngles::eZYXr, a.order());
+    EXPECT_BITS(Vector3d(1, 2, 3), a.angles());
+}
+
 TEST(KyEulerAnglesTest, WritesNineEntries) {
     const Matrix44d numbered(1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16);
     Matrix44d m = numbered;
