@@ -8,6 +8,14 @@
 
 namespace KyMath {
 
+namespace {
+
+// The sides of clip space, with depth from -1 to 1, in the order of Frustum::ePlane.
+constexpr float kClipSides[6][4] = {{1, 0, 0, 1},  {-1, 0, 0, 1}, {0, 1, 0, 1},
+                                    {0, -1, 0, 1}, {0, 0, -1, 1}, {0, 0, 1, 1}};
+
+}  // namespace
+
 Frustum::Frustum() = default;
 Frustum::Frustum(const Frustum& f) = default;
 Frustum& Frustum::operator=(const Frustum& f) = default;
@@ -19,11 +27,11 @@ void Frustum::setToWorldSpaceFrustum(const Matrix44T<float>& view,
     toWorld.transpose();
     // Deliberate: this one element, compared exactly, marks a perspective projection, whose depth
     // starts at 0. Pinned by FrustumTest.NearPlaneIsAtClipZeroForPerspectives.
-    const float nearOffset = projection(3, 2) == -1 ? 0.0f : 1.0f;
-    const Vector4T<float> clip[] = {{1, 0, 0, 1},  {-1, 0, 0, 1}, {0, 1, 0, 1},
-                                    {0, -1, 0, 1}, {0, 0, -1, 1}, {0, 0, 1, nearOffset}};
-    for (int i = 0; i < 6; ++i) {  // in the order of ePlane
-        planes_[i].set(clip[i]);
+    const bool perspective = projection(3, 2) == -1;
+    for (unsigned int i = 0; i < 6; ++i) {
+        Vector4T<float> side(kClipSides[i]);
+        if (i == eNear && perspective) side.w() = 0;
+        planes_[i].set(side);
         planes_[i].transform(toWorld);
     }
 }
