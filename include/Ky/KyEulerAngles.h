@@ -85,7 +85,7 @@ public:
 
     /// Writes the nine entries of the rotation; m[0..2][3] and m[3] stay as they are.
     void toMatrix44(double (*m)[4]) const;
-    template <class M, KyMath::internal::If<KyMath::internal::isFloatMatrix<M>()> = 0>
+    template <class M, KyMath::internal::If<KyMath::internal::IsFloatMatrix<M>::value> = 0>
     void toMatrix44(const M&) const KY_DELETED("a matrix of doubles is needed");
 
     /// Sets the order, and the angles from the nine entries of a rotation. A uniform scale does not
@@ -98,7 +98,7 @@ public:
     /// the sum or difference of a0 and a2 is determined: a2 of a static order, a0 of a rotating
     /// one, is then a zero.
     void fromMatrix44(const double (*m)[4], eEulerOrder order);
-    template <class M, KyMath::internal::If<KyMath::internal::isFloatMatrix<M>()> = 0>
+    template <class M, KyMath::internal::If<KyMath::internal::IsFloatMatrix<M>::value> = 0>
     void fromMatrix44(const M&, eEulerOrder) KY_DELETED("a matrix of doubles is needed");
 
     /// Converts angles from one order to another, keeping the rotation. Equal orders return the

@@ -102,21 +102,22 @@ struct KindOf<Ky::KyTransform> : Is<Kind::matrix> {};
 
 /// Conditions of the deleted overloads.
 template <class U>
-constexpr bool isFloatMatrix() {
-    return KindOf<U>::kind == Kind::floatMatrix;
-}
+struct IsFloatMatrix {
+    static constexpr bool value = KindOf<U>::kind == Kind::floatMatrix;
+};
 template <class U>
-constexpr bool isMatrix() {
-    return isFloatMatrix<U>() || KindOf<U>::kind == Kind::matrix;
-}
+struct IsMatrix {
+    static constexpr bool value = IsFloatMatrix<U>::value || KindOf<U>::kind == Kind::matrix;
+};
 template <class U>
-constexpr bool isNoQuaternion() {
-    return isMatrix<U>() || KindOf<U>::kind == Kind::vector2 || KindOf<U>::kind == Kind::vector;
-}
+struct IsNoQuaternion {
+    static constexpr bool value =
+        IsMatrix<U>::value || KindOf<U>::kind == Kind::vector2 || KindOf<U>::kind == Kind::vector;
+};
 template <class U>
-constexpr bool isNoVector3() {
-    return KindOf<U>::kind != Kind::other && KindOf<U>::kind != Kind::vector;
-}
+struct IsNoVector3 {
+    static constexpr bool value = KindOf<U>::kind != Kind::other && KindOf<U>::kind != Kind::vector;
+};
 template <bool>
 struct Enable {};
 template <>

@@ -34,7 +34,7 @@ public:
     /// Not from a vector, which has another component order, nor from a matrix or rigid transform,
     /// whose first column it would take (see Transformation::getRotationAsQuaternionT and
     /// Ky::KyTransform::toQuaternion), nor from 0 or nullptr.
-    template <class U, internal::If<internal::isNoQuaternion<U>()> = 0>
+    template <class U, internal::If<internal::IsNoQuaternion<U>::value> = 0>
     QuaternionT(const U&) KY_DELETED("its values are not w, x, y, z");
     QuaternionT(int) KY_DELETED("0 would be read as a pointer");
     QuaternionT(std::nullptr_t) KY_DELETED("0 would be read as a pointer");
@@ -44,7 +44,7 @@ public:
     /// @{
     QuaternionT& operator=(const QuaternionT& q);
     QuaternionT& operator=(const T* a);  ///< w, x, y, z = a[0], a[1], a[2], a[3]
-    template <class U, internal::If<internal::isNoQuaternion<U>()> = 0>
+    template <class U, internal::If<internal::IsNoQuaternion<U>::value> = 0>
     QuaternionT& operator=(const U&) KY_DELETED("its values are not w, x, y, z");
     QuaternionT& operator=(int) KY_DELETED("0 would be read as a pointer");
     QuaternionT& operator=(std::nullptr_t) KY_DELETED("0 would be read as a pointer");
@@ -56,7 +56,7 @@ public:
     void get(T* w, T* x, T* y, T* z) const;  ///< Writes all four; none may be null.
     void get(T* a) const;                    ///< a[0..3] = w, x, y, z: room for four
     void get(QuaternionT& q) const;          ///< q = *this
-    template <class U, internal::If<internal::isNoQuaternion<U>()> = 0>
+    template <class U, internal::If<internal::IsNoQuaternion<U>::value> = 0>
     void get(const U&) const KY_DELETED("it would write w, x, y, z over other values");
     T w() const;
     T x() const;

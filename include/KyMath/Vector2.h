@@ -32,7 +32,7 @@ public:
     void set(T x, T y);
     /// Not from 0 or nullptr, which would be read as a pointer, nor from a matrix or rigid
     /// transform.
-    template <class U, internal::If<internal::isMatrix<U>()> = 0>
+    template <class U, internal::If<internal::IsMatrix<U>::value> = 0>
     Vector2T(const U&) KY_DELETED("it would take column 0");
     Vector2T(int) KY_DELETED("0 would be read as a pointer");
     Vector2T(std::nullptr_t) KY_DELETED("0 would be read as a pointer");

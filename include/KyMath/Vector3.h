@@ -32,7 +32,7 @@ public:
     Vector3T(const Vector2T<U>&) KY_DELETED("it would read past the end");
     template <class U>
     Vector3T(const QuaternionT<U>&) KY_DELETED("a quaternion begins with w");
-    template <class U, internal::If<internal::isMatrix<U>()> = 0>
+    template <class U, internal::If<internal::IsMatrix<U>::value> = 0>
     Vector3T(const U&) KY_DELETED("it would take column 0");
     Vector3T(int) KY_DELETED("0 would be read as a pointer");
     Vector3T(std::nullptr_t) KY_DELETED("0 would be read as a pointer");

@@ -36,7 +36,7 @@ public:
     Vector4T(const Vector3T<U>&) KY_DELETED("it would read past the end");
     template <class U>
     Vector4T(const QuaternionT<U>&) KY_DELETED("a quaternion begins with w");
-    template <class U, internal::If<internal::isMatrix<U>()> = 0>
+    template <class U, internal::If<internal::IsMatrix<U>::value> = 0>
     Vector4T(const U&) KY_DELETED("it would take column 0");
     Vector4T(int) KY_DELETED("0 would be read as a pointer");
     Vector4T(std::nullptr_t) KY_DELETED("0 would be read as a pointer");
@@ -52,7 +52,7 @@ public:
     Vector4T& operator=(const Vector3T<U>&) KY_DELETED("it would read past the end");
     template <class U>
     Vector4T& operator=(const QuaternionT<U>&) KY_DELETED("a quaternion begins with w");
-    template <class U, internal::If<internal::isMatrix<U>()> = 0>
+    template <class U, internal::If<internal::IsMatrix<U>::value> = 0>
     Vector4T& operator=(const U&) KY_DELETED("it would take column 0");
     Vector4T& operator=(int) KY_DELETED("0 would be read as a pointer");
     Vector4T& operator=(std::nullptr_t) KY_DELETED("0 would be read as a pointer");

@@ -21,7 +21,7 @@ public:
     /// Neither from a shorter vector, 0 or nullptr, which would be read past their end as pointers,
     /// nor from a quaternion, matrix or rigid transform.
     template <class A, class B,
-              internal::If<internal::isNoVector3<A>() || internal::isNoVector3<B>()> = 0>
+              internal::If<internal::IsNoVector3<A>::value || internal::IsNoVector3<B>::value> = 0>
     Vector6(const A&, const B&) KY_DELETED("each half is read as three values x, y, z");
     Vector6& operator=(const Vector6& v);
     void set(const Vector3T<double>& first, const Vector3T<double>& second);
