@@ -23,7 +23,7 @@ find "$another/source" -exec touch -d 2001-02-03 {} +
 export TZ=Asia/Tokyo LC_ALL=C.UTF-8 USER=other
 { cmake -G Ninja -S "$another/source" -B "$another/build" "-DCMAKE_CXX_COMPILER=$compiler" \
     -DCMAKE_BUILD_TYPE=Release "-DCMAKE_CXX_FLAGS=$(cached CMAKE_CXX_FLAGS)" \
-    -DKYMATH_TESTS=OFF -DKYMATH_EXAMPLES=OFF &&
+    "-DKYMATH_STRICT=$(cached KYMATH_STRICT)" -DKYMATH_TESTS=OFF -DKYMATH_EXAMPLES=OFF &&
     cmake --build "$another/build" -j1 --target KyMath KyMathStatic; } >"$work/log" 2>&1 ||
     { cat "$work/log"; exit 1; }
 
