@@ -13,10 +13,10 @@ set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/KyMath)
 install(
     TARGETS KyMath
     EXPORT KyMathTargets
-    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} ${runtime} 
+    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} ${runtime}
             NAMELINK_COMPONENT KyMath_development
     FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} ${development})
-# The same headers, which are there already.
+# Its headers are those installed above.
 install(
     TARGETS KyMathStatic
     EXPORT KyMathTargets

@@ -2,8 +2,8 @@
 # SPDX-FileCopyrightText: 2026 The KyMath authors
 # SPDX-License-Identifier: Apache-2.0
 #
-# benchmark.sh [--quick] [--update]: installs what is missing, measures the library beside others and
-# beside its own arithmetic written inline, prints tables and draws build/performance.svg. It takes
+# benchmark.sh [--quick] [--update]: installs what is missing, compares the library with others and
+# with its own arithmetic written inline, prints tables and draws build/performance.svg. It takes
 # some ten minutes, on a machine that should have nothing else to do; --quick takes fewer repetitions.
 # --update puts tables and chart into docs.
 . "$(dirname "$(readlink -f "$0")")/common.sh"
@@ -28,7 +28,7 @@ for library in KyMath Static; do
         "$programs/benchmark_${family}_$library" --benchmark_enable_random_interleaving=true \
             "--benchmark_repetitions=${repeats[0]}" "--benchmark_min_time=${repeats[1]}" \
             --benchmark_report_aggregates_only=true --benchmark_format=csv 2>$results/messages ||
-            { cat $results/messages && exit 1; }
+            { cat $results/messages >&2 && exit 1; }
     done >$results/$library.csv
 done
 

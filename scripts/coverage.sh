@@ -5,8 +5,8 @@
 # coverage.sh: installs what is missing, runs the tests on the archive, with AVX2 (which the processor
 # must have) and without, and prints how many lines, branches and conditions (MC/DC) of src they
 # cover, of a template in its best instantiation; then all that any instantiation leaves uncovered. It
-# fails for a place that tests/coverage/unreachable.txt does not explain, and for an explanation of
-# nothing.
+# fails for a place that tests/coverage/unreachable.txt does not explain, and for an explanation
+# that matches nothing.
 . "$(dirname "$(readlink -f "$0")")/common.sh"
 takes '' "$@"
 build=$root/build/coverage

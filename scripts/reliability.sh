@@ -25,7 +25,7 @@ promise() {
 }
 passes() { ctest --preset release -V -R "^$1\$" | sed 's/^[0-9]*: //'; }
 reproducible() {
-    for preset in release clang; do bash tests/abi/reproducible.sh . build/$preset; done
+    for preset in release clang; do bash tests/abi/reproducible.sh . build/$preset || return; done
     echo "library and archive, GCC and Clang"
 }
 

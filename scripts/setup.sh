@@ -6,7 +6,7 @@
 #
 #     library       to build it
 #     examples      the programs in examples
-#     peers         other libraries, which examples and benchmarks stand beside
+#     peers         other libraries that examples and benchmarks are compared with
 #     tests         to run the tests
 #     python        to build and test the Python module
 #     clang         to build and test by Clang as well
@@ -30,7 +30,7 @@ declare -A packages=(
 needed=$(for purpose in "$@"; do printf '%s\n' ${packages[$purpose]}; done | sort -u)
 
 if ! command -v apt-get >/dev/null; then
-    echo "Not a Debian system: nothing is installed. Needed is what Debian calls" $needed >&2
+    echo "Not a Debian system: nothing is installed. The packages needed are, by Debian's names:" $needed >&2
     exit 0
 fi
 missing=$(comm -23 <(echo "$needed") \

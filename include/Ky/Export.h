@@ -23,15 +23,16 @@
 #define KY_DELETED(reason) = delete
 #endif
 
-/// Mark what writes to a stream, and what holds or passes a standard container. Where these differ
-/// between the client and the library, a call is an error with a message; everything else works.
-/// _LIBCPP_VERSION and _GLIBCXX_DEBUG describe the client; KY_LIBCPP_VERSION and KY_GLIBCXX_DEBUG,
-/// which CMake and pkg-config set where needed, describe the library.
 #if defined(__clang__) || __GNUC__ >= 12
 #define KY_WITHHELD(reason) __attribute__((unavailable("KyMath: " reason)))
 #else
 #define KY_WITHHELD(reason) __attribute__((error("KyMath: " reason)))
 #endif
+/// KY_STREAMS marks what writes to a stream, KY_CONTAINERS what holds or passes a standard
+/// container. Where these differ between the client and the library, a call is an error with a
+/// message; everything else works. _LIBCPP_VERSION and _GLIBCXX_DEBUG describe the client;
+/// KY_LIBCPP_VERSION and KY_GLIBCXX_DEBUG, which CMake and pkg-config set where needed, describe
+/// the library.
 #if defined(_LIBCPP_VERSION) != defined(KY_LIBCPP_VERSION)
 #define KY_STREAMS \
     KY_WITHHELD("the library was built with another standard library: build both with one")

@@ -10,7 +10,8 @@ namespace KyMath {
 
 /// Sphere in double. It is valid() if its radius is at least 0, otherwise empty: the first thing
 /// merged into an empty sphere replaces it, and merging an empty sphere or box changes nothing.
-/// A grown sphere holds what it should up to rounding. An infinite point makes the centre NaN.
+/// A grown sphere holds what was merged into it, up to rounding. An infinite point makes the centre
+/// NaN.
 ///
 /// expandBy() may move the centre to stay tight; expandRadiusBy() keeps the centre of a valid
 /// sphere.

@@ -84,6 +84,14 @@ struct KindOf<int> : Is<Kind::null> {};
 template <>
 struct KindOf<long> : Is<Kind::null> {};
 template <>
+struct KindOf<long long> : Is<Kind::null> {};
+template <>
+struct KindOf<unsigned int> : Is<Kind::null> {};
+template <>
+struct KindOf<unsigned long> : Is<Kind::null> {};
+template <>
+struct KindOf<unsigned long long> : Is<Kind::null> {};
+template <>
 struct KindOf<std::nullptr_t> : Is<Kind::null> {};
 template <class T>
 struct KindOf<Vector2T<T>> : Is<Kind::vector2> {};

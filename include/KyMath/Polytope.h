@@ -25,10 +25,10 @@ namespace KyMath {
 ///         view.popCurrentMask();
 ///     }
 ///
-/// The stack is never empty after construction. Every function that changes the list of planes ends
-/// with setupMask(), which pushes. To rebuild a polytope again and again, call popCurrentMask()
-/// before each change, not after it, which would bring back the mask of the old planes. If
-/// allocation fails (std::bad_alloc), a polytope does not change.
+/// The stack is never empty after construction. Every function that changes the list of planes,
+/// except assignment, ends with setupMask(), which pushes. To rebuild a polytope again and again,
+/// call popCurrentMask() before each change, not after it, which would bring back the mask of the
+/// old planes. If allocation fails (std::bad_alloc), a polytope does not change.
 class KY_API Polytope {
 public:
     /// @name Construction and assignment

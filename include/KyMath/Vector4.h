@@ -124,13 +124,14 @@ public:
     /// @{
 
     /// Multiplies by 1 / length when the squared length is above 0. Otherwise (zero, too small to
-    /// square, or NaN) nothing changes. If the length is too
-    /// large to square (1.8e19 in float, 1.3e154 in double), the result is 0.
+    /// square, or NaN) nothing changes. If the length is too large to square (1.8e19 in float,
+    /// 1.3e154 in double), the result is 0.
     void normalize();
 
     /// Writes the length to *length and, if it is above tol, multiplies by 1 / length and returns
-    /// true; a length too large to square is infinite, and gives 0. Otherwise, also for NaN,
-    /// writes 0 to *length, leaves the vector unchanged and returns false. length must not be null.
+    /// true; a length too large to square is written as infinity, and the vector becomes 0.
+    /// Otherwise, also for NaN, writes 0 to *length, leaves the vector unchanged and returns false.
+    /// length must not be null.
     bool normalize(T tol, T* length);
     /// @}
 

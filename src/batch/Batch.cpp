@@ -26,7 +26,7 @@ internal::Strided<T> valuesOf(V* elements, std::size_t stride) {
 }
 
 template <class T>
-internal::CullPlane<T> sideOf(const PlaneT<T>& plane) {
+internal::CullPlane<T> cullPlaneOf(const PlaneT<T>& plane) {
     const Vector4T<T>& v = plane.getAsVector4();
     return {{v[0], v[1], v[2], v[3]}, plane.upperBBCorner(), plane.lowerBBCorner()};
 }
@@ -70,7 +70,7 @@ void compound(const Ky::KyTransform* a, const Ky::KyTransform* b, Ky::KyTransfor
 template <class T>
 void classify(const PlaneT<T>& plane, const BoundingBoxT<T>* boxes, signed char* sides,
               std::size_t count, std::size_t stride) {
-    KY_KERNEL(classify<T>(sideOf(plane), valuesOf<T>(boxes, stride), sides, count));
+    KY_KERNEL(classify<T>(cullPlaneOf(plane), valuesOf<T>(boxes, stride), sides, count));
 }
 void cull(const Polytope& region, const BoundingBoxT<double>* boxes, unsigned char* visible,
           std::size_t count, std::size_t stride) {
@@ -79,7 +79,7 @@ void cull(const Polytope& region, const BoundingBoxT<double>* boxes, unsigned ch
     internal::CullPlane<double> tested[internal::kMaskBits];
     std::size_t n = 0;
     for (std::size_t i = 0; i < internal::maskedPlanes(planes); ++i) {
-        if (mask >> i & 1) tested[n++] = sideOf(planes[i]);
+        if (mask >> i & 1) tested[n++] = cullPlaneOf(planes[i]);
     }
     KY_KERNEL(cull(tested, n, valuesOf<double>(boxes, stride), visible, count));
 }

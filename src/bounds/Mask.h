@@ -13,7 +13,7 @@
 namespace KyMath::internal {
 
 // Bit i of the mask of a polytope stands for plane i.
-constexpr std::size_t kMaskBits = std::numeric_limits<unsigned int>::digits;
+inline constexpr std::size_t kMaskBits = std::numeric_limits<unsigned int>::digits;
 
 // Deliberate: planes beyond the bits of a mask are never tested. Pinned by
 // PolytopeTest.PlanesBeyondThirtyTwoAreNeverTested.

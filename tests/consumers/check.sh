@@ -51,7 +51,8 @@ try package -DKYMATH_FROM=package "-DCMAKE_PREFIX_PATH=$work/prefix"
 try subdirectory -DKYMATH_FROM=subdirectory "-DKYMATH_SOURCE=$source"
 # A whole project may have a standard library of its own.
 if [[ $("$compiler" --version) == *clang* ]]; then mode=-stdlib=libc++; else mode=-D_GLIBCXX_DEBUG; fi
-try fetch -DKYMATH_FROM=fetch "-DKYMATH_SOURCE=$source" "-DCMAKE_CXX_FLAGS=$mode"
+try fetch -DKYMATH_FROM=fetch "-DKYMATH_SOURCE=$source" -DCMAKE_BUILD_TYPE=Debug \
+    "-DCMAKE_CXX_FLAGS_DEBUG=$mode"
 for name in package subdirectory; do
     diff "$work/$name/before" "$work/$name/after" || { echo "changed in the client: $name"; exit 1; }
 done
