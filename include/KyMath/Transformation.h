@@ -144,9 +144,9 @@ KY_API Vector3T<T> getRotationT(const Matrix44T<T>& m, bool normalize);
 /// The rotation of m as a unit quaternion, with any uniform scale: from the trace when it is
 /// positive (then w > 0), otherwise from the largest diagonal element, the lower index winning a
 /// tie (then w may be negative). With removeScale the columns are normalised first, as by
-/// setScaleT(). Without that, a scale that differs by axis gives a length other than 1. A mirrored m
-/// gives no meaningful rotation (see decomposeT() for the sign). A zero m gives NaN, or the identity
-/// with removeScale.
+/// setScaleT(). Without that, a scale that differs by axis gives a length other than 1. A mirrored
+/// m gives no meaningful rotation (see decomposeT() for the sign). A zero m gives NaN, or the
+/// identity with removeScale.
 template <class T>
 KY_API QuaternionT<T> getRotationAsQuaternionT(const Matrix44T<T>& m, bool removeScale);
 
