@@ -23,6 +23,7 @@
 #include <array>
 #include <chrono>
 #include <cstdio>
+#include <filesystem>
 #include <iterator>
 #include <random>
 #include <utility>
@@ -312,27 +313,23 @@ struct Options {
     unsigned objects = 6000, path = 0;
 
     Options(CLI::App& app, int argc, char** argv) {
-        app.add_option("terrain", terrain, "heights in metres, a 16-bit binary PGM");
-        app.add_option("--output", output, "the picture, a PNG");
-        const auto add = [&](const char* name, auto& value, double low, double high,
-                             const char* help) {
-            return app.add_option(name, value, help)->check(within(low, high));
-        };
         const auto addFitted = [&](const char* name, auto& value, double low, const char* help) {
-            return add(name, value, low, 1e7, help)->default_str("to fit");
+            addNumber(app, name, value, low, 1e7, help, "to fit");
         };
-        add("--cell-east", east, 0.01, 1e4, "metres between columns of the heights");
-        add("--cell-north", north, 0.01, 1e4, "metres between rows");
-        add("--objects", objects, 0, 1e6, "number of huts and trees");
-        addFitted("--eye", eye, -1e7, "position of the camera: metres east, north, up")
-            ->expected(3);
-        addFitted("--target", target, -1e7, "point that the camera looks at")->expected(3);
-        add("--fov", fov, 1, 170, "vertical field of view in degrees");
+        addOption(app, "terrain", terrain, "heights in metres, a 16-bit binary PGM");
+        addOption(app, "--output", output, "the picture, a PNG");
+        addNumber(app, "--cell-east", east, 0.01, 1e4, "metres between columns of the heights");
+        addNumber(app, "--cell-north", north, 0.01, 1e4, "metres between rows");
+        addNumber(app, "--objects", objects, 0, 1e6, "number of huts and trees");
+        addFitted("--eye", eye, -1e7, "position of the camera: metres east, north, up");
+        addFitted("--target", target, -1e7, "point that the camera looks at");
+        addNumber(app, "--fov", fov, 1, 170, "vertical field of view in degrees");
         addFitted("--near", zNear, 0.01, "distance to the near plane in metres");
         addFitted("--far", zFar, 0.01, "distance to the far plane");
-        add("--path", path, 0, 999, "number of pictures to draw on the way to --path-end");
-        addFitted("--path-end", end, -1e7, "last position of the camera")->expected(3);
-        app.parse(argc, argv);
+        addNumber(app, "--path", path, 0, 999,
+                  "number of pictures to draw on the way to --path-end");
+        addFitted("--path-end", end, -1e7, "last position of the camera");
+        parseOptions(app, argc, argv);
     }
 };
 

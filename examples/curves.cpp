@@ -159,11 +159,9 @@ void drawPoints(const Panel& panel) {
 int run(CLI::App& app, int argc, char** argv) {
     std::string output = "curves.svg";
     std::vector<unsigned> counts = {11, 22, 64};
-    app.add_option("--output", output, "the picture, an SVG");
-    app.add_option("--samples", counts, "points on a curve, for each column")
-        ->expected(3)
-        ->check(within(6, 1000));
-    app.parse(argc, argv);
+    addOption(app, "--output", output, "the picture, an SVG");
+    addNumber(app, "--samples", counts, 6, 1000, "points on a curve, for each column");
+    parseOptions(app, argc, argv);
     requireWritable(output, ".svg");
 
     Svg svg(3 * kWidth + 4 * kGap, 5 * (kHeight + kTop) + kGap);

@@ -289,11 +289,11 @@ int run(CLI::App& app, int argc, char** argv) {
     std::string file = KYMATH_EXAMPLE_DATA, output = "mocap.svg";
     double rate = 24;
     bool check = false;
-    app.add_option("motion", file, "the motion capture, a BVH file");
-    app.add_option("--output", output, "the picture, an SVG");
-    app.add_option("--rate", rate, "frames per second to play")->check(within(0.1, 1e4));
-    app.add_flag("--check", check, "compare all joints with those of another reader");
-    app.parse(argc, argv);
+    addOption(app, "motion", file, "the motion capture, a BVH file");
+    addOption(app, "--output", output, "the picture, an SVG");
+    addNumber(app, "--rate", rate, 0.1, 1e4, "frames per second to play");
+    addOption(app, "--check", check, "compare all joints with those of another reader");
+    parseOptions(app, argc, argv);
     requireWritable(output, ".svg", file);
 
     const Bvh motion(file);
