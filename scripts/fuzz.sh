@@ -8,6 +8,7 @@
 # it finds stays in build/fuzz.
 . "$(dirname "$(readlink -f "$0")")/common.sh"
 takes '[0-9]+' "$@"
+(($# < 2)) || stop "takes one number of seconds; see --help"
 
 prepare library examples peers tests clang
 configure fuzz

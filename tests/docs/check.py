@@ -6,7 +6,7 @@ Every program in a page compiles without a warning and prints what stands below 
 console shows; every relative link leads to a file and a heading; the pictures are those that the
 example programs draw. Commands for the shell, which are indented, are not run, except for the help of
 scripts: what they name must exist, presets, options and files. Nor are fragments of CMake:
-tests/consumers goes those ways; nor sessions of Python, which the tests of the module run.
+tests/consumers goes those ways; nor sessions and pictures of Python, which the tests of the module check.
 """
 import json
 import pathlib

@@ -13,19 +13,21 @@ cp -r "$1/scripts" "$1/.ci" "$work/a path"
 cd "$work"
 failures=0
 export CDPATH=.
-expect() { # OUTPUT PATTERN
+expect() { # STATUS PATTERN COMMAND...: what it ends with, and what it says
+    local said status=0
+    said=$("${@:3}" 2>&1) || status=$?
     # shellcheck disable=SC2053  # a pattern
-    [[ $1 == $2 ]] || { printf '%s says:\n%s\n' "$script" "$1" && failures=1; }
+    [[ $status == "$1" && $said == $2 ]] || { printf '%s (status %d):\n%s\n' "${*:3}" $status "$said" && failures=1; }
 }
 
 for script in "a path"/{scripts/*.sh,.ci/run}; do
     [[ -x $script ]] || continue # what the others read
     ln -sf "$script" script
-    expect "$(sh script --help 2>&1)" "${script##*/}*:*"
-    [[ $script == */demo.sh ]] || expect "$(sh script --other 2>&1)" "* does not take --other;*"
+    expect 0 "${script##*/}*:*" sh script --help
+    [[ $script == */demo.sh ]] || expect 1 "* does not take --other;*" sh script --other
 done
 ln -s "$(command -v bash)" "$(command -v dirname)" "$(command -v readlink)" "$(command -v sort)" bin
-script="a path/scripts/setup.sh"
-expect "$(PATH=$work/bin bash "$script" library 2>&1)" "*Not a Debian system*cmake*ninja-build*"
+expect 1 "*one number*" sh "a path/scripts/fuzz.sh" 1 2
+PATH=$work/bin expect 0 "*Not a Debian system*cmake*ninja-build*" bash "a path/scripts/setup.sh" library
 [[ ! -e "a path/build" ]] || { echo "something was built"; failures=1; }
 exit $failures
