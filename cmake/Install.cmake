@@ -22,6 +22,7 @@ install(
     EXPORT KyMathTargets
     ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} ${development}
     FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} ${development} EXCLUDE_FROM_ALL)
+install(TARGETS KyMathInline EXPORT KyMathTargets)
 install(EXPORT KyMathTargets NAMESPACE KyMath:: FILE KyMathTargets.cmake DESTINATION ${package_dir}
         ${development})
 
@@ -33,8 +34,9 @@ install(FILES cmake/KyMathConfig.cmake ${PROJECT_BINARY_DIR}/KyMathConfigVersion
 # The path from the .pc file back to the prefix, so that an installed tree can be moved.
 file(RELATIVE_PATH pc_prefix /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
 configure_file(cmake/KyMath.pc.in ${PROJECT_BINARY_DIR}/KyMath.pc @ONLY)
-install(FILES ${PROJECT_BINARY_DIR}/KyMath.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig
-        ${development})
+configure_file(cmake/KyMath-inline.pc.in ${PROJECT_BINARY_DIR}/KyMath-inline.pc @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/KyMath.pc ${PROJECT_BINARY_DIR}/KyMath-inline.pc
+        DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig ${development})
 
 # Debugger views. gdb loads those beside the library, or, for a library of the system, from its data
 # directory: there, a file beside the library would be found first, and refused.

@@ -1,9 +1,10 @@
 # SPDX-FileCopyrightText: 2026 The KyMath authors
 # SPDX-License-Identifier: Apache-2.0
 
-# KyMath::KyMath is the shared library, KyMath::Static the archive.
+# KyMath::KyMath is the shared library, KyMath::Inline the same with small members inlined, KyMath::Static
+# the archive.
 include("${CMAKE_CURRENT_LIST_DIR}/KyMathTargets.cmake")
 if(KyMath_FIND_COMPONENTS)
     set(KyMath_FOUND FALSE)
-    set(KyMath_NOT_FOUND_MESSAGE "It has no components, but two targets: KyMath::KyMath, KyMath::Static")
+    set(KyMath_NOT_FOUND_MESSAGE "It has no components, but three targets: KyMath::KyMath, KyMath::Inline, KyMath::Static")
 endif()

@@ -186,6 +186,12 @@ private:
     T v_[3];  // x, y, z
 };
 
+#ifdef KYMATH_INLINE
+}  // namespace KyMath
+#include <KyMath/inline/Vector3.h>
+namespace KyMath {
+#endif
+
 template <>
 const Vector3T<float> Vector3T<float>::kZero;
 template <>

@@ -66,27 +66,32 @@ for other in ${version%%.*}.99 $((${version%%.*} + 1)).0; do
         $said == *"KyMathConfig.cmake, version: $version"* ]] || { echo "$said"; exit 1; }
 done
 
-# Inlined into a client that is compiled for fused operations, the archive gives the same bits still.
+# Inlined into a client that is compiled for fused operations, the same bits still.
 if grep -qw fma /proc/cpuinfo && [[ $("$compiler" --version) != *clang* ]]; then
     try inlined -DKYMATH_FROM=package "-DCMAKE_PREFIX_PATH=$work/prefix" \
         "-DCONSUMER_FLAGS=-O3;-flto;-march=x86-64-v3"
-    cmp <("$work/inlined/consumer_KyMath") <("$work/inlined/consumer_Static")
-    if nm -C "$work/inlined/consumer_Static" | grep -F "Vector3T<double>::cross"; then
-        echo "failed: nothing is inlined from the archive"
-        exit 1
-    fi
+    for library in Static Inline; do
+        cmp <("$work/inlined/consumer_KyMath") <("$work/inlined/consumer_$library")
+        if nm -C "$work/inlined/consumer_$library" | grep -F "Vector3T<double>::cross"; then
+            echo "failed: nothing is inlined by KyMath::$library"
+            exit 1
+        fi
+    done
 fi
 
 export PKG_CONFIG_PATH=$library_dir/pkgconfig
 pkg-config --exact-version="$version" KyMath || { echo "pkg-config tells another version"; exit 1; }
-flags=$(pkg-config --cflags --libs KyMath)
-for own in -D_GLIBCXX_USE_CXX11_ABI=0 "-DWITHHELD $mode"; do
-    # shellcheck disable=SC2086  # the flags are words
-    "$compiler" -std=c++11 $own "$consumer/main.cpp" $flags -o "$work/plain"
-    LD_LIBRARY_PATH=$library_dir "$work/plain"
-done
 [[ $(pkg-config --static --libs KyMath) == *"-lKyMath -lm"* ]] ||
     { echo "pkg-config: not all that the archive needs"; exit 1; }
+for own in -D_GLIBCXX_USE_CXX11_ABI=0 "-DWITHHELD $mode" "-O1 $(pkg-config --cflags KyMath-inline)"; do
+    # shellcheck disable=SC2086  # the flags are words
+    "$compiler" -std=c++11 $own "$consumer/main.cpp" $(pkg-config --cflags --libs KyMath) -o "$work/plain"
+    LD_LIBRARY_PATH=$library_dir "$work/plain"
+done
+if nm -C "$work/plain" | grep -F "Vector3T<double>::cross"; then
+    echo "failed: nothing is inlined with the flags of KyMath-inline.pc"
+    exit 1
+fi
 
 readelf -dW "$library_dir/libKyMath.so" | grep -qF "soname: [libKyMath.so.${version%%.*}]"
 [[ $(readlink -f "$library_dir/libKyMath.so") == */libKyMath.so.$version ]]

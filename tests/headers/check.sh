@@ -3,8 +3,9 @@
 # SPDX-License-Identifier: Apache-2.0
 #
 # check.sh INCLUDE_DIR COMPILER [--update]: each public header compiles alone, and all of them in any
-# order, under C++11 to C++23 without a warning; what must not compile gives one readable error; headers
-# cost their clients what cost.txt says. After a deliberate change of that: --update.
+# order, under C++11 to C++23 without a warning, as they are and with small members inlined; what must
+# not compile gives one readable error; headers cost their clients what cost.txt says. After a
+# deliberate change of that: --update.
 set -uo pipefail
 include=$1
 compiler=$2
@@ -32,14 +33,18 @@ strictly() { # NAME: what is read compiles under all standards
     for standard in "${standards[@]}"; do
         compile "-std=c++$standard" "${warnings[@]}" -Werror <<<"$text" || fail "$1, C++$standard"
     done
+    for standard in "${standards[0]}" "${standards[-1]}"; do
+        compile "-std=c++$standard" "${warnings[@]}" -Werror -DKYMATH_INLINE <<<"$text" ||
+            fail "$1, C++$standard, inline"
+    done
 }
 
-headers=$(cd "$include" && find . -name '*.h' | cut -c3- | LC_ALL=C sort)
+headers=$(cd "$include" && find . -name '*.h' ! -path '*/inline/*' | cut -c3- | LC_ALL=C sort)
 for header in $headers; do
     printf '#include <%s>\n#include <%s>\n' "$header" "$header" | strictly "$header"
 done
 in_order() { # ORDER COMMAND...: without those that include all others
-    grep -vE '/(Ky|KyMath|Vectors)\.h$' <<<"$headers" | "${@:2}" | sed 's/.*/#include <&>/' |
+    grep -vE '/(Inline|Ky|KyMath|Vectors)\.h$' <<<"$headers" | "${@:2}" | sed 's/.*/#include <&>/' |
         strictly "headers in $1 order"
 }
 in_order alphabetical cat
@@ -47,11 +52,12 @@ in_order reverse tac
 for seed in 1 2 3; do in_order "random $seed" shuf --random-source=<(yes $seed); done
 
 # What a unit reads of ours, without comments, and which headers of the standard library.
-read_by() { echo "#include <$1>" | "$compiler" -E -dI -x c++ "-I$include" -; }
+read_by() { echo "#include <$1>" | "$compiler" -E -dI -x c++ "-I$include" "${@:2}" -; }
 ours() { awk -v folder="\"$include/" '/^# [0-9]+ "/ {on = index($0, folder); next} on && NF'; }
 measured=$(for header in KyMath/Vectors.h KyMath/KyMath.h; do
     echo "$header: $(read_by $header | ours | grep -vc '^#include ') lines," \
-        "$(read_by $header | ours | grep -oP '^#include \K<\w+>' | sort -u | xargs)"
+        "with small members $(read_by $header -DKYMATH_INLINE | ours | grep -vcE '^ *#(include|pragma) ')," \
+        "$(read_by $header -DKYMATH_INLINE | ours | grep -oP '^#include \K<\w+>' | sort -u | xargs)"
 done)
 [[ ${3:-} != --update ]] || echo "$measured" >"$cost"
 diff "$cost" - <<<"$measured" || fail "included: as recorded (<), now (>)"
@@ -93,6 +99,8 @@ deleted="v3 = v2
     os << v3
     Ky::KY_ARE_EQUAL(1.0f, 1.0f)"
 refused deleted -std=c++11 <<<"$deleted"
+late=$(printf '#include <KyMath/%s.h>\n' Vector3 Inline | compile 2>&1)
+[[ $late == *"error"*"<KyMath/Inline.h> before"* ]] || fail "KyMath/Inline.h may come late"
 containers="Polytope room
     struct { Polytope room; } scene
     Polytope *copy = new Polytope(*static_cast<Polytope*>(nullptr))

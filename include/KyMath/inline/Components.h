@@ -1,0 +1,164 @@
+// SPDX-FileCopyrightText: 2026 The KyMath authors
+// SPDX-License-Identifier: Apache-2.0
+#ifndef KYMATH_INLINE_COMPONENTS_H
+#define KYMATH_INLINE_COMPONENTS_H
+
+#include <KyMath/inline/Mode.h>
+
+#ifdef KYMATH_INLINE
+#pragma GCC system_header
+#endif
+
+// Component-wise work on the arrays in vectors, quaternions and matrices: one loop each, unrolled
+// by the compiler. Sums start with the first term and run left to right.
+#define KY_UNROLL _Pragma("GCC unroll 16")
+
+KY_EXACT_BEGIN
+namespace KyMath {
+namespace internal {
+
+KY_HELPER float root(float x) {
+    return __builtin_sqrtf(x);
+}
+KY_HELPER double root(double x) {
+    return __builtin_sqrt(x);
+}
+KY_HELPER float magnitude(float x) {
+    return __builtin_fabsf(x);
+}
+KY_HELPER double magnitude(double x) {
+    return __builtin_fabs(x);
+}
+/// The largest finite value.
+template <class T>
+KY_HELPER constexpr T largest() {
+    return sizeof(T) == sizeof(float) ? T(__FLT_MAX__) : T(__DBL_MAX__);
+}
+
+template <class T, unsigned long N>
+KY_HELPER void copy(T (&a)[N], const T* b) {
+    KY_UNROLL
+    for (unsigned long i = 0; i < N; ++i) a[i] = b[i];
+}
+
+template <class T, unsigned long N>
+KY_HELPER void add(T (&a)[N], const T (&b)[N]) {
+    KY_UNROLL
+    for (unsigned long i = 0; i < N; ++i) a[i] += b[i];
+}
+
+template <class T, unsigned long N>
+KY_HELPER void subtract(T (&a)[N], const T (&b)[N]) {
+    KY_UNROLL
+    for (unsigned long i = 0; i < N; ++i) a[i] -= b[i];
+}
+
+template <class T, unsigned long N>
+KY_HELPER void multiplyComponents(T (&a)[N], const T (&b)[N]) {
+    KY_UNROLL
+    for (unsigned long i = 0; i < N; ++i) a[i] *= b[i];
+}
+
+template <class T, unsigned long N>
+KY_HELPER void scale(T (&a)[N], T s) {
+    KY_UNROLL
+    for (unsigned long i = 0; i < N; ++i) a[i] *= s;
+}
+
+template <class T, unsigned long N>
+KY_HELPER void negate(T (&a)[N]) {
+    KY_UNROLL
+    for (unsigned long i = 0; i < N; ++i) a[i] = -a[i];
+}
+
+template <class T, unsigned long N>
+KY_HELPER T dot(const T (&a)[N], const T (&b)[N]) {
+    T sum = a[0] * b[0];
+    KY_UNROLL
+    for (unsigned long i = 1; i < N; ++i) sum += a[i] * b[i];
+    return sum;
+}
+
+template <class T, unsigned long N>
+KY_HELPER bool equal(const T (&a)[N], const T (&b)[N]) {
+    KY_UNROLL
+    for (unsigned long i = 0; i < N; ++i) {
+        if (!(a[i] == b[i])) return false;
+    }
+    return true;
+}
+
+template <class T, unsigned long N>
+KY_HELPER bool isZero(const T (&a)[N]) {
+    KY_UNROLL
+    for (unsigned long i = 0; i < N; ++i) {
+        if (!(a[i] == 0)) return false;
+    }
+    return true;
+}
+
+template <class T, unsigned long N>
+KY_HELPER bool isFinite(const T (&a)[N]) {
+    KY_UNROLL
+    for (unsigned long i = 0; i < N; ++i) {
+        if (!(magnitude(a[i]) <= largest<T>())) return false;
+    }
+    return true;
+}
+
+/// Normalises by one reciprocal if the squared length is above 0.
+template <class T, unsigned long N>
+KY_HELPER void normalize(T (&a)[N]) {
+    const T square = dot(a, a);
+    if (square > 0) scale(a, 1 / root(square));
+}
+
+/// Normalises by one reciprocal if the length is above tol; otherwise *length becomes 0.
+template <class T, unsigned long N>
+KY_HELPER bool normalize(T (&a)[N], T tol, T* length) {
+    const T norm = root(dot(a, a));
+    *length = norm;
+    if (norm > tol) {
+        scale(a, 1 / norm);
+        return true;
+    }
+    *length = 0;
+    return false;
+}
+
+}  // namespace internal
+}  // namespace KyMath
+KY_EXACT_END
+
+/// Subscripts of a class template with its components in v_. The usual types of loop counters match
+/// exactly: v[i] would otherwise be ambiguous with a subscript of the pointer that V converts to.
+#define KY_DEFINE_SUBSCRIPT(Class, Index)                   \
+    template <class T>                                      \
+    KY_SMALL T& Class<T>::operator[](Index i) {             \
+        return v_[i];                                       \
+    }                                                       \
+    template <class T>                                      \
+    KY_SMALL const T& Class<T>::operator[](Index i) const { \
+        return v_[i];                                       \
+    }
+#define KY_DEFINE_SUBSCRIPTS(Class)          \
+    KY_DEFINE_SUBSCRIPT(Class, int)          \
+    KY_DEFINE_SUBSCRIPT(Class, unsigned int) \
+    KY_DEFINE_SUBSCRIPT(Class, long)         \
+    KY_DEFINE_SUBSCRIPT(Class, unsigned long)
+
+/// Subscripts of a class with a matrix in v_, column by column: a pointer to column c.
+#define KY_DEFINE_COLUMN_SUBSCRIPT(Template, Class, T, Index) \
+    Template T* Class::operator[](Index c) {                  \
+        return v_ + 4 * c;                                    \
+    }                                                         \
+    Template const T* Class::operator[](Index c) const {      \
+        return v_ + 4 * c;                                    \
+    }
+#define KY_DEFINE_COLUMN_SUBSCRIPTS(Template, Class, T)          \
+    KY_DEFINE_COLUMN_SUBSCRIPT(Template, Class, T, int)          \
+    KY_DEFINE_COLUMN_SUBSCRIPT(Template, Class, T, unsigned int) \
+    KY_DEFINE_COLUMN_SUBSCRIPT(Template, Class, T, long)         \
+    KY_DEFINE_COLUMN_SUBSCRIPT(Template, Class, T, unsigned long)
+
+#endif

@@ -1,0 +1,259 @@
+// SPDX-FileCopyrightText: 2026 The KyMath authors
+// SPDX-License-Identifier: Apache-2.0
+#ifndef KYMATH_INLINE_VECTOR3_H
+#define KYMATH_INLINE_VECTOR3_H
+
+#include <KyMath/inline/Components.h>
+
+#ifdef KYMATH_INLINE
+#pragma GCC system_header
+#endif
+
+KY_EXACT_BEGIN
+namespace KyMath {
+
+template <class T>
+KY_SMALL Vector3T<T>::Vector3T() : v_{0, 0, 0} {}
+
+template <class T>
+KY_SMALL Vector3T<T>::Vector3T(const T* p) : v_{p[0], p[1], p[2]} {}
+
+template <class T>
+KY_SMALL Vector3T<T>::Vector3T(T x, T y, T z) : v_{x, y, z} {}
+
+template <class T>
+KY_SMALL void Vector3T<T>::set(T x, T y, T z) {
+    v_[0] = x;
+    v_[1] = y;
+    v_[2] = z;
+}
+
+template <class T>
+KY_SMALL void Vector3T<T>::set(double* out, const Vector3T& v) {
+    for (int i = 0; i < 3; ++i) out[i] = double(v.v_[i]);
+}
+
+template <class T>
+KY_SMALL T Vector3T<T>::x() const {
+    return v_[0];
+}
+template <class T>
+KY_SMALL T Vector3T<T>::y() const {
+    return v_[1];
+}
+template <class T>
+KY_SMALL T Vector3T<T>::z() const {
+    return v_[2];
+}
+template <class T>
+KY_SMALL T& Vector3T<T>::x() {
+    return v_[0];
+}
+template <class T>
+KY_SMALL T& Vector3T<T>::y() {
+    return v_[1];
+}
+template <class T>
+KY_SMALL T& Vector3T<T>::z() {
+    return v_[2];
+}
+
+KY_DEFINE_SUBSCRIPTS(Vector3T)
+
+template <class T>
+KY_SMALL Vector3T<T>::operator T*() {
+    return v_;
+}
+template <class T>
+KY_SMALL Vector3T<T>::operator const T*() const {
+    return v_;
+}
+template <class T>
+KY_SMALL Vector3T<T>* Vector3T<T>::cast(T* p) {
+    return reinterpret_cast<Vector3T*>(p);
+}
+template <class T>
+KY_SMALL const Vector3T<T>* Vector3T<T>::constCast(const T* p) {
+    return reinterpret_cast<const Vector3T*>(p);
+}
+
+#if KY_INLINE_ARITHMETIC
+
+template <class T>
+KY_SMALL bool Vector3T<T>::operator==(const Vector3T& v) const {
+    return internal::equal(v_, v.v_);
+}
+template <class T>
+KY_SMALL bool Vector3T<T>::operator!=(const Vector3T& v) const {
+    return !(*this == v);
+}
+
+// Deliberate: vectors are ordered by length, not by components. Different vectors of the same
+// length are neither less nor greater than each other. Pinned by
+// VectorFamilyTest.OrderingComparesSquaredLengths.
+template <class T>
+KY_SMALL bool Vector3T<T>::operator<(const Vector3T& v) const {
+    return normSquare() < v.normSquare();
+}
+template <class T>
+KY_SMALL bool Vector3T<T>::operator>(const Vector3T& v) const {
+    return normSquare() > v.normSquare();
+}
+template <class T>
+KY_SMALL bool Vector3T<T>::isZero() const {
+    return internal::isZero(v_);
+}
+template <class T>
+KY_SMALL bool Vector3T<T>::isFinite() const {
+    return internal::isFinite(v_);
+}
+
+template <class T>
+KY_SMALL Vector3T<T>& Vector3T<T>::operator*=(T s) {
+    internal::scale(v_, s);
+    return *this;
+}
+template <class T>
+KY_SMALL Vector3T<T> Vector3T<T>::operator*(const T& s) const {
+    return Vector3T(*this) *= s;
+}
+template <class T>
+KY_SMALL Vector3T<T>& Vector3T<T>::operator/=(T s) {
+    return *this *= 1 / s;
+}
+template <class T>
+KY_SMALL Vector3T<T> Vector3T<T>::operator/(const T& s) const {
+    return Vector3T(*this) /= s;
+}
+template <class T>
+KY_SMALL Vector3T<T>& Vector3T<T>::operator+=(const Vector3T& v) {
+    internal::add(v_, v.v_);
+    return *this;
+}
+template <class T>
+KY_SMALL Vector3T<T> Vector3T<T>::operator+(const Vector3T& v) const {
+    return Vector3T(*this) += v;
+}
+template <class T>
+KY_SMALL Vector3T<T>& Vector3T<T>::operator-=(const Vector3T& v) {
+    internal::subtract(v_, v.v_);
+    return *this;
+}
+template <class T>
+KY_SMALL Vector3T<T> Vector3T<T>::operator-(const Vector3T& v) const {
+    return Vector3T(*this) -= v;
+}
+template <class T>
+KY_SMALL Vector3T<T> Vector3T<T>::operator-() const {
+    Vector3T r(*this);
+    internal::negate(r.v_);
+    return r;
+}
+template <class T>
+KY_SMALL void Vector3T<T>::multComp(const Vector3T& v) {
+    internal::multiplyComponents(v_, v.v_);
+}
+template <class T>
+KY_SMALL Vector3T<T> Vector3T<T>::multComp(const Vector3T& a, const Vector3T& b) {
+    Vector3T r(a);
+    r.multComp(b);
+    return r;
+}
+template <class T>
+KY_SMALL void Vector3T<T>::addMultiple(const T& s, const Vector3T& v) {
+    *this += v * s;
+}
+template <class T>
+KY_SMALL void Vector3T<T>::setLinear(const T& a, const Vector3T& u, const T& b, const Vector3T& v) {
+    *this = u * a + v * b;
+}
+
+template <class T>
+KY_SMALL T Vector3T<T>::operator*(const Vector3T& v) const {
+    return internal::dot(v_, v.v_);
+}
+template <class T>
+KY_SMALL Vector3T<T> Vector3T<T>::cross(const Vector3T& v) const {
+    const T* const a = v_;
+    const T* const b = v.v_;
+    return Vector3T(a[1] * b[2] - a[2] * b[1], a[2] * b[0] - a[0] * b[2],
+                    a[0] * b[1] - a[1] * b[0]);
+}
+template <class T>
+KY_SMALL void Vector3T<T>::postCross(const Vector3T& v) {
+    *this = cross(v);
+}
+template <class T>
+KY_SMALL void Vector3T<T>::preCross(const Vector3T& v) {
+    *this = v.cross(*this);
+}
+template <class T>
+KY_SMALL void Vector3T<T>::setCross(const Vector3T& a, const Vector3T& b) {
+    *this = a.cross(b);
+}
+
+template <class T>
+KY_SMALL T Vector3T<T>::normSquare() const {
+    return internal::dot(v_, v_);
+}
+template <class T>
+KY_SMALL T Vector3T<T>::lengthSqr() const {
+    return normSquare();
+}
+template <class T>
+KY_SMALL T Vector3T<T>::norm() const {
+    return internal::root(normSquare());
+}
+template <class T>
+KY_SMALL T Vector3T<T>::length() const {
+    return norm();
+}
+template <class T>
+KY_SMALL T Vector3T<T>::distanceSqr(const Vector3T& a, const Vector3T& b) {
+    return (a - b).normSquare();
+}
+template <class T>
+KY_SMALL T Vector3T<T>::distance(const Vector3T& a, const Vector3T& b) {
+    return (a - b).norm();
+}
+
+template <class T>
+KY_SMALL int Vector3T<T>::maxComponentIndex() const {
+    const T x = internal::magnitude(v_[0]);
+    const T y = internal::magnitude(v_[1]);
+    const T z = internal::magnitude(v_[2]);
+    if (x > y) return x > z ? 0 : 2;
+    return y > z ? 1 : 2;
+}
+
+template <class T>
+KY_SMALL void Vector3T<T>::normalize() {
+    internal::normalize(v_);
+}
+template <class T>
+KY_SMALL bool Vector3T<T>::normalize(T tol, T* length) {
+    return internal::normalize(v_, tol, length);
+}
+
+template <class T>
+KY_SMALL void Vector3T<T>::orthogonalize(const Vector3T& v) {
+    if (v.isZero()) return;
+    const T k = 1 / v.normSquare();
+    const T d = *this * v;
+    for (int i = 0; i < 3; ++i) v_[i] = v_[i] - k * (d * v.v_[i]);
+}
+
+template <class T>
+KY_SMALL void Vector3T<T>::project(const Vector3T& dir, Vector3T* parallel,
+                                   Vector3T* perpendicular) const {
+    *parallel = dir;
+    *parallel *= *this * *parallel;
+    *perpendicular = *this - *parallel;
+}
+
+#endif
+
+}  // namespace KyMath
+KY_EXACT_END
+
+#endif
