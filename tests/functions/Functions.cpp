@@ -1,21 +1,19 @@
 // SPDX-FileCopyrightText: 2026 The KyMath authors
 // SPDX-License-Identifier: Apache-2.0
 //
-// Every public member and free function with its exact signature, in both instantiations. Callers
-// draw the arguments. A function that is exported but not listed here fails a test.
+// Every public member and free function with its exact signature, in both instantiations. The
+// signature says which arguments are drawn. A function that is exported but not listed here fails a
+// test.
 #include "Table.h"
 
-namespace KyMath {
-namespace test {
+namespace KyMath::test {
 namespace {
-
-using Entry = std::pair<const char*, void (*)(Call&)>;
 
 /// The functions of a type, whose indices are below limit.
 struct Table : std::vector<Function> {
     template <class... E>
     void add(const char* layer, const std::string& type, unsigned limit, const E&... entries) {
-        (push_back({layer, type + entries.first, limit, entries.second}), ...);
+        for (const Entry* e : {&entries...}) push_back({layer, type + e->name, limit, e->code});
     }
 };
 
@@ -23,15 +21,19 @@ template <class T>
 const std::string kLetter = sizeof(T) == 4 ? "f" : "d";
 
 // Entries: (result, name, (arguments) const) of a member of Self, the same without const of a
-// static member of Self or a free function, (class, argument types...) of a constructor.
-#define MEMBER(R, name, ...) \
-    Entry("::" #name #__VA_ARGS__, Caller<static_cast<R(Self::*) __VA_ARGS__>(&Self::name)>::call)
-#define STATIC(R, name, ...) \
-    Entry("::" #name #__VA_ARGS__, Caller<static_cast<R(*) __VA_ARGS__>(&Self::name)>::call)
-#define FREE(R, name, ...) \
-    Entry("::" #name #__VA_ARGS__, Caller<static_cast<R(*) __VA_ARGS__>(&name)>::call)
+// static member of Self or a free function, (class, argument types...) of a constructor. Their text
+// is the name in results.txt.
+#define MEMBER(R, name, ...)                                                                      \
+    Entry("::" #name #__VA_ARGS__, Plain<static_cast<R(Self::*) __VA_ARGS__>(&Self::name)>::call, \
+          true)
+#define STATIC(R, name, ...) FREE_AS(R, Self::name, "::" #name, __VA_ARGS__)
+#define FREE(R, name, ...) FREE_AS(R, name, "::" #name, __VA_ARGS__)
+#define FREE_AS(R, function, name, ...) \
+    Entry(name #__VA_ARGS__, Plain<static_cast<R(*) __VA_ARGS__>(&function)>::call)
 #define CONSTRUCT(...) Entry(" " #__VA_ARGS__, construct<__VA_ARGS__>)
-#define CONSTANT(variable) Entry(" " #variable, read<&variable>)
+#define CONSTANT(name) \
+    Entry(             \
+        " " #name, +[]() -> const decltype(name)& { return name; })
 
 // What several types share.
 #define INDEXING(R, CR)                                                                    \
@@ -389,11 +391,29 @@ void addCurves(Table& table) {
               FREE(bool, CreateCurve, (eCurveType, const Points&, unsigned, Points&)));
 }
 
-/// The functions on arrays, with seven elements. Bytes of results are packed into a number.
+/// The functions on arrays, here of seven elements. Bytes of results are packed into a number.
 namespace batch {
 
+using namespace Batch;
+constexpr std::size_t kCount = 7;
 template <class V>
-using Array = std::array<V, 7>;
+using Array = std::array<V, kCount>;
+
+template <class V>
+V* pass(Array<V>& array) {
+    return array.data();
+}
+template <class V>
+const V* pass(const Array<V>& array) {
+    return array.data();
+}
+template <class V>
+const V& pass(const V& one) {
+    return one;
+}
+#define ARRAYS(R, name, ...)       \
+    Entry("::" #name #__VA_ARGS__, \
+          static_cast<R(*) __VA_ARGS__>([](auto&... a) { return name(pass(a)..., kCount); }))
 
 template <class Byte>
 std::uint64_t pack(const Array<Byte>& bytes) {
@@ -401,45 +421,21 @@ std::uint64_t pack(const Array<Byte>& bytes) {
     for (const Byte b : bytes) packed = packed << 8 | static_cast<unsigned char>(b);
     return packed;
 }
-
 template <class T>
-void transformPositions(const Matrix44T<T>& m, const Array<Vector3T<T>>& in,
-                        Array<Vector3T<T>>& out) {
-    Batch::transformPositions(m, in.data(), out.data(), in.size());
-}
-template <class T>
-void transformDirections(const Matrix44T<T>& m, const Array<Vector3T<T>>& in,
-                         Array<Vector3T<T>>& out) {
-    Batch::transformDirections(m, in.data(), out.data(), in.size());
-}
-template <class T>
-void transformBoxes(const Matrix44T<T>& m, const Array<BoundingBoxT<T>>& in,
-                    Array<BoundingBoxT<T>>& out) {
-    Batch::transformBoxes(m, in.data(), out.data(), in.size());
-}
-template <class T>
-void multiply(const Array<Matrix44T<T>>& a, const Array<Matrix44T<T>>& b,
-              Array<Matrix44T<T>>& out) {
-    Batch::multiply(a.data(), b.data(), out.data(), a.size());
-}
-template <class T>
-void multiplyByOne(const Matrix44T<T>& a, const Array<Matrix44T<T>>& b, Array<Matrix44T<T>>& out) {
-    Batch::multiply(a, b.data(), out.data(), b.size());
-}
-void compound(const Array<Ky::KyTransform>& a, const Array<Ky::KyTransform>& b,
-              Array<Ky::KyTransform>& out) {
-    Batch::compound(a.data(), b.data(), out.data(), a.size());
-}
-template <class T>
-std::uint64_t classify(const PlaneT<T>& plane, const Array<BoundingBoxT<T>>& boxes) {
+std::uint64_t classify(const PlaneT<T>& plane, const BoundingBoxT<T>* boxes, std::size_t count) {
     Array<signed char> sides;
-    Batch::classify(plane, boxes.data(), sides.data(), boxes.size());
+    Batch::classify(plane, boxes, sides.data(), count);
     return pack(sides);
 }
-std::uint64_t cull(const Polytope& region, const Array<BoundingBoxd>& boxes) {
+std::uint64_t cull(const Polytope& region, const BoundingBoxd* boxes, std::size_t count) {
     Array<unsigned char> visible;
-    Batch::cull(region, boxes.data(), visible.data(), boxes.size());
+    Batch::cull(region, boxes, visible.data(), count);
     return pack(visible);
+}
+template <class T>
+void multiplyByOne(const Matrix44T<T>& a, const Matrix44T<T>* b, Matrix44T<T>* out,
+                   std::size_t count) {
+    Batch::multiply(a, b, out, count);
 }
 
 template <class T>
@@ -449,18 +445,18 @@ void add(Table& table) {
     using Vectors = Array<Vector3T<T>>;
     using Boxes = Array<BoundingBoxT<T>>;
     table.add("bounds", "Batch" + kLetter<T>, 1,
-              FREE(void, transformPositions<T>, (const M&, const Vectors&, Vectors&)),
-              FREE(void, transformDirections<T>, (const M&, const Vectors&, Vectors&)),
-              FREE(void, transformBoxes<T>, (const M&, const Boxes&, Boxes&)),
-              FREE(void, multiply<T>, (const Matrices&, const Matrices&, Matrices&)),
-              FREE(void, multiplyByOne<T>, (const M&, const Matrices&, Matrices&)),
-              FREE(std::uint64_t, classify<T>, (const PlaneT<T>&, const Boxes&)));
+              ARRAYS(void, transformPositions<T>, (const M&, const Vectors&, Vectors&)),
+              ARRAYS(void, transformDirections<T>, (const M&, const Vectors&, Vectors&)),
+              ARRAYS(void, transformBoxes<T>, (const M&, const Boxes&, Boxes&)),
+              ARRAYS(void, multiply<T>, (const Matrices&, const Matrices&, Matrices&)),
+              ARRAYS(void, multiplyByOne<T>, (const M&, const Matrices&, Matrices&)),
+              ARRAYS(std::uint64_t, classify<T>, (const PlaneT<T>&, const Boxes&)));
 }
 void addDouble(Table& table) {
     using Transforms = Array<Ky::KyTransform>;
     table.add("bounds", "Batch", 1,
-              FREE(void, compound, (const Transforms&, const Transforms&, Transforms&)),
-              FREE(std::uint64_t, cull, (const Polytope&, const Array<BoundingBoxd>&)));
+              ARRAYS(void, compound, (const Transforms&, const Transforms&, Transforms&)),
+              ARRAYS(std::uint64_t, cull, (const Polytope&, const Array<BoundingBoxd>&)));
 }
 
 }  // namespace batch
@@ -502,5 +498,4 @@ std::vector<Function> functions() {
     return table;
 }
 
-}  // namespace test
-}  // namespace KyMath
+}  // namespace KyMath::test

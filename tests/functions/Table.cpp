@@ -2,17 +2,18 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Table.h"
 
-namespace KyMath {
-namespace test {
+#include <exception>
+#include <thread>
 
+namespace KyMath::test {
 namespace {
 
 // Whether the function returned, rather than threw.
-bool once(Subject& subject, Digest& result) {
-    hooks.before();
+bool once(const Code& code, void* const* arguments, Digest& result) {
     bool threw = false;
+    hooks.before();
     try {
-        subject.call(result);
+        code.signature->call(code.code, arguments, code.isMember ? *arguments : nullptr, result);
     } catch (const std::exception&) {
         threw = true;
     }
@@ -21,29 +22,36 @@ bool once(Subject& subject, Digest& result) {
     return !threw;
 }
 
-std::uint64_t stateOf(const Subject& subject) {
-    Digest digest;
-    subject.addArguments(digest);
-    return digest.value();
-}
-
 }  // namespace
 
-void perform(Call& call, Subject& subject) {
-    subject.draw(call);
-    const std::uint64_t before = stateOf(subject);
-    Digest result;
-    std::vector<Digest> others(subject.readOnly ? std::size_t(call.threads - 1) : 0);
-    std::vector<std::thread> threads;
-    for (Digest& other : others) threads.emplace_back([&] { once(subject, other); });
-    call.threw = !once(subject, result);
-    for (std::thread& thread : threads) thread.join();
-    for (const Digest& other : others) call.threadsAgree &= other.value() == result.value();
-    const std::uint64_t after = stateOf(subject);
-    call.digest.add(result.value());
-    call.digest.add(after);
-    call.unchanged = before == after;
+Outcome call(const Function& function, Inputs& in, int threads) {
+    const Signature& signature = *function.code.signature;
+    std::vector<std::unique_ptr<Argument>> arguments;
+    std::vector<void*> addresses;
+    in.nextCall(function.limit);
+    for (auto make = signature.arguments; *make != nullptr; ++make) {
+        arguments.push_back((*make)());
+        arguments.back()->draw(in);
+        addresses.push_back(arguments.back()->address);
+    }
+    const auto state = [&arguments] {
+        Digest digest;
+        for (const auto& argument : arguments) argument->addTo(digest);
+        return digest.value();
+    };
+    const std::uint64_t before = state();
+    const auto make = [&](Digest& result) { return once(function.code, addresses.data(), result); };
+    Digest result, whole;
+    std::vector<Digest> others(signature.readOnly ? std::size_t(threads - 1) : 0);
+    std::vector<std::thread> running;
+    for (Digest& other : others) running.emplace_back([&] { make(other); });
+    const bool returned = make(result);
+    for (std::thread& thread : running) thread.join();
+    bool agree = true;
+    for (const Digest& other : others) agree &= other.value() == result.value();
+    whole.add(result.value());
+    whole.add(state());
+    return {whole.value(), !returned, before == state(), agree};
 }
 
-}  // namespace test
-}  // namespace KyMath
+}  // namespace KyMath::test

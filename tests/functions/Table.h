@@ -5,17 +5,46 @@
 
 #include "Values.h"
 
-#include <array>
-#include <exception>
-#include <sstream>
-#include <string>
-#include <thread>
-#include <tuple>
-#include <type_traits>
-#include <vector>
+#include <memory>
+#include <utility>
 
-namespace KyMath {
-namespace test {
+namespace KyMath::test {
+
+/// An argument of a call, or its object.
+struct Argument {
+    void* const address;
+
+    explicit Argument(void* value) : address(value) {}
+    virtual ~Argument() = default;
+    virtual void draw(Inputs& in) = 0;
+    virtual void addTo(Digest& digest) const = 0;
+};
+
+/// What the functions of one type have in common.
+struct Signature {
+    bool readOnly;                                    ///< They change none of their arguments.
+    std::unique_ptr<Argument> (*const* arguments)();  ///< Each makes one; the last is null.
+    /// Calls code, a function of this type. Adds its result and, where that refers into the object,
+    /// where it points.
+    void (*call)(void (*code)(), void* const* arguments, const void* object, Digest& result);
+};
+
+/// A function that takes plain arguments: of a member, the object comes first.
+struct Code {
+    bool isMember;
+    void (*code)();
+    const Signature* signature;
+};
+
+struct Function {
+    const char* layer;
+    std::string name;
+    unsigned limit;  ///< indices and counts are below
+    Code code;
+};
+
+/// All functions of the library, in the order of their headers.
+std::vector<Function> functions();
 
 /// Called just before and after each call of the library.
 struct Hooks {
@@ -24,119 +53,89 @@ struct Hooks {
 };
 inline Hooks hooks;
 
-/// One call of a function: the source of its arguments, and its outcome.
-struct Call {
-    Inputs& in;
-    unsigned limit;  ///< indices and counts are below
-    /// Results, and the object and all arguments after the call.
-    Digest digest;
-    bool threw = false;
-    bool unchanged = true;  ///< the object and all arguments are as before
-    /// If above 1: so many threads make the call on the same object and arguments, where it is not
-    /// meant to change them.
-    int threads = 1;
-    bool threadsAgree = true;
+struct Outcome {
+    std::uint64_t digest;  ///< of the result, and of the object and all arguments after the call
+    bool threw;
+    bool unchanged;  ///< the object and all arguments are as before
+    bool threadsAgree;
 };
 
-struct Function {
-    const char* layer;
-    std::string name;
-    unsigned limit;
-    void (*call)(Call&);
-};
+/// Draws arguments and calls the function. If it is not meant to change them, so many threads make
+/// the same call at once.
+Outcome call(const Function& function, Inputs& in, int threads = 1);
 
-/// All functions of the library, in the order of their headers.
-std::vector<Function> functions();
-
-// The rest is how the table is made.
+// The rest makes the table. Functions of one type share the code that unpacks their arguments, and
+// arguments of one type the code that draws them: a line of the table costs the compiler one call.
 
 template <class V>
-V make() {
-    return V();
-}
-template <>
-inline Vector6 make<Vector6>() {
-    return Vector6(0.0, 0.0, 0.0, 0.0, 0.0, 0.0);
-}
-
-/// An argument of the declared type A: by value or by reference.
-template <class A>
-struct Argument {
-    std::decay_t<A> value = make<std::decay_t<A>>();
-
-    void draw(Call& call) {
-        using V = std::decay_t<A>;
-        if constexpr (std::is_integral<V>::value && !std::is_same<V, bool>::value) {
-            value = V(call.in.below(call.limit));
+struct Value final : Argument {
+    V value = [] {
+        if constexpr (std::is_default_constructible<V>::value) {
+            return V();
         } else {
-            call.in.draw(value);
+            return V(0, 0, 0, 0, 0, 0);
         }
+    }();
+
+    Value() : Argument(&value) {}
+    void draw(Inputs& in) override {
+        in.draw(value);
     }
-    A get() {
-        return static_cast<A>(value);
-    }
-    void addTo(Digest& digest) const {
+    void addTo(Digest& digest) const override {
         digest.add(value);
     }
 };
+template <class V>
+std::unique_ptr<Argument> makeArgument() {
+    return std::make_unique<Value<V>>();
+}
 
+/// What holds an argument of the declared type A, and how it is passed.
+template <class A>
+struct Passed {
+    using V = std::decay_t<A>;
+    static A get(void* value) {
+        return static_cast<A>(*static_cast<V*>(value));
+    }
+};
 /// Sixteen numbers, as they are or by columns, or two objects.
 template <class E>
-struct Argument<E*> {
-    using V = std::remove_cv_t<std::remove_all_extents_t<E>>;
-    static constexpr std::size_t kCount = std::is_arithmetic<V>::value ? 16 : 2;
-    V values[kCount] = {};
-
-    void draw(Call& call) {
-        if constexpr (std::is_same<V, int>::value) {
-            values[0] = int(call.in.below(call.limit));
-        } else {
-            for (V& value : values) call.in.draw(value);
-        }
-    }
-    E* get() {
-        return reinterpret_cast<E*>(values);
-    }
-    void addTo(Digest& digest) const {
-        digest.add(values, int(kCount));
+struct Passed<E*> {
+    using Element = std::remove_cv_t<std::remove_all_extents_t<E>>;
+    using V = std::array<Element, std::is_arithmetic<Element>::value ? 16 : 2>;
+    static E* get(void* values) {
+        return static_cast<E*>(values);
     }
 };
-
 template <>
-struct Argument<const char*> {
-    void draw(Call&) {}
-    const char* get() {
-        return "label";
+struct Passed<const char*> {
+    using V = Label;
+    static const char* get(void* label) {
+        return static_cast<Label*>(label)->text;
     }
-    void addTo(Digest&) const {}
 };
-
 template <>
-struct Argument<std::ostream&> {
-    std::ostringstream stream;
-
-    void draw(Call&) {}
-    std::ostream& get() {
-        return stream;
-    }
-    void addTo(Digest& digest) const {
-        digest.add(stream.str());
+struct Passed<std::ostream&> {
+    using V = std::ostringstream;
+    static std::ostream& get(void* stream) {
+        return *static_cast<V*>(stream);
     }
 };
 
-/// Adds a result and, where it refers into the object, where it points.
+template <class A>
+constexpr bool kReadOnly =
+    std::is_pointer<A>::value
+        ? std::is_const<std::remove_pointer_t<A>>::value
+        : !std::is_reference<A>::value || std::is_const<std::remove_reference_t<A>>::value;
+
 template <class R>
 void addResult(Digest& digest, R&& result, const void* object) {
     using V = std::decay_t<R>;
-    if constexpr (std::is_base_of<std::ios_base, V>::value) {
-        return;  // the stream is an argument
+    if constexpr (std::is_array<std::remove_pointer_t<V>>::value) {
+        addResult(digest, result[0][0], object);
     } else if constexpr (std::is_pointer<V>::value) {
-        if constexpr (std::is_array<std::remove_pointer_t<V>>::value) {
-            addResult(digest, result[0][0], object);
-        } else {
-            addResult(digest, *result, object);
-        }
-    } else {
+        addResult(digest, *result, object);
+    } else if constexpr (!std::is_same<V, std::ostream>::value) {  // the stream is an argument
         digest.add(result);
         if (std::is_lvalue_reference<R&&>::value && object != nullptr) {
             digest.add(
@@ -145,91 +144,63 @@ void addResult(Digest& digest, R&& result, const void* object) {
     }
 }
 
-template <class A>
-constexpr bool kReadOnly =
-    std::is_pointer<A>::value
-        ? std::is_const<std::remove_pointer_t<A>>::value
-        : !std::is_reference<A>::value || std::is_const<std::remove_reference_t<A>>::value;
-
-/// A function with its arguments.
-struct Subject {
-    bool readOnly;  ///< It changes none of them.
-
-    explicit Subject(bool changesNothing) : readOnly(changesNothing) {}
-    virtual void draw(Call& call) = 0;
-    virtual void addArguments(Digest& digest) const = 0;
-    virtual void call(Digest& result) = 0;
-
-protected:
-    ~Subject() = default;
+template <class Arguments, class R, class... A>
+struct Caller;
+template <std::size_t... I, class R, class... A>
+struct Caller<std::index_sequence<I...>, R, A...> {
+    static void call(void (*code)(), [[maybe_unused]] void* const* arguments,
+                     [[maybe_unused]] const void* object, [[maybe_unused]] Digest& result) {
+        auto* const function = reinterpret_cast<R (*)(A...)>(code);
+        if constexpr (std::is_void<R>::value) {
+            function(Passed<A>::get(arguments[I])...);
+        } else {
+            addResult<R>(result, function(Passed<A>::get(arguments[I])...), object);
+        }
+    }
+    static constexpr std::unique_ptr<Argument> (*kArguments[])() = {
+        makeArgument<typename Passed<A>::V>..., nullptr};
+    static constexpr Signature kSignature = {(kReadOnly<A> && ...), kArguments, call};
 };
 
-/// Draws the arguments and makes the call.
-void perform(Call& call, Subject& subject);
+/// A line of the table: the name without the type, and the function.
+struct Entry {
+    const char* name;
+    Code code;
 
-/// With an object, it is the first argument.
-template <bool kHasObject, class R, class... A, class F>
-void perform(Call& call, F f) {
-    struct Bound final : Subject {
-        F f;
-        std::tuple<Argument<A>...> arguments;
+    template <class R, class... A>
+    Entry(const char* itsName, R (*function)(A...), bool isMember = false)
+        : name(itsName),
+          code{isMember, reinterpret_cast<void (*)()>(function),
+               &Caller<std::index_sequence_for<A...>, R, A...>::kSignature} {}
+};
 
-        explicit Bound(F function) : Subject((kReadOnly<A> && ...)), f(function) {}
-        void draw(Call& call) override {
-            std::apply([&](auto&... argument) { (argument.draw(call), ...); }, arguments);
-        }
-        void addArguments(Digest& digest) const override {
-            std::apply([&](auto&... argument) { (argument.addTo(digest), ...); }, arguments);
-        }
-        void call(Digest& result) override {
-            const auto get = [this](auto&... argument) -> R { return f(argument.get()...); };
-            if constexpr (std::is_void<R>::value) {
-                std::apply(get, arguments);
-            } else {
-                const void* object = nullptr;
-                if constexpr (kHasObject) object = &std::get<0>(arguments).value;
-                addResult<R>(result, std::apply(get, arguments), object);
-            }
-        }
-    } bound(f);
-    perform(call, bound);
-}
-
-template <auto kFunction>
-struct Caller;
+/// A member or constructor as a function. It names what it calls, so that a compiler that
+/// knows its body may inline it.
+template <auto kMember>
+struct Plain;
 template <class R, class C, class... A, R (C::*kMember)(A...)>
-struct Caller<kMember> {
-    static void call(Call& call) {
-        perform<true, R, C&, A...>(
-            call, [](C& object, A... a) -> R { return (object.*kMember)(static_cast<A>(a)...); });
+struct Plain<kMember> {
+    static R call(C& object, A... a) {
+        return (object.*kMember)(static_cast<A>(a)...);
     }
 };
 template <class R, class C, class... A, R (C::*kMember)(A...) const>
-struct Caller<kMember> {
-    static void call(Call& call) {
-        perform<true, R, const C&, A...>(call, [](const C& object, A... a) -> R {
-            return (object.*kMember)(static_cast<A>(a)...);
-        });
+struct Plain<kMember> {
+    static R call(const C& object, A... a) {
+        return (object.*kMember)(static_cast<A>(a)...);
     }
 };
 template <class R, class... A, R (*kFree)(A...)>
-struct Caller<kFree> {
-    static void call(Call& call) {
-        perform<false, R, A...>(call, kFree);
+struct Plain<kFree> {
+    static R call(A... a) {
+        return kFree(static_cast<A>(a)...);
     }
 };
-
 template <class C, class... A>
-void construct(Call& call) {
-    perform<false, C, A...>(call, [](A... a) { return C(static_cast<A>(a)...); });
-}
-template <auto* kVariable>
-void read(Call& call) {
-    using V = std::remove_pointer_t<decltype(kVariable)>;
-    perform<false, const V&>(call, []() -> const V& { return *kVariable; });
+C construct(A... a) {
+    return C(static_cast<A>(a)...);
 }
 
-}  // namespace test
-}  // namespace KyMath
+}  // namespace KyMath::test
 
 #endif

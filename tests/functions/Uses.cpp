@@ -9,8 +9,7 @@
 #include <cstdlib>
 #include <new>
 
-namespace KyMath {
-namespace test {
+namespace KyMath::test {
 
 Use use;
 
@@ -34,8 +33,7 @@ void stopCounting() {
     counting = false;
 }
 
-}  // namespace test
-}  // namespace KyMath
+}  // namespace KyMath::test
 
 using KyMath::test::counting;
 using KyMath::test::use;
@@ -77,8 +75,7 @@ KY_COUNTED(double, atan2, (double y, double x), y, x)
 KY_COUNTED_PAIR(float, sincosf)
 KY_COUNTED_PAIR(double, sincos)
 
-namespace KyMath {
-namespace test {
+namespace KyMath::test {
 
 void addLibm(Inputs& in, Digest& digest) {
     float f[4];
@@ -95,5 +92,4 @@ void addLibm(Inputs& in, Digest& digest) {
     in.nextCall();
 }
 
-}  // namespace test
-}  // namespace KyMath
+}  // namespace KyMath::test

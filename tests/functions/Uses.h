@@ -5,8 +5,7 @@
 
 #include "Values.h"
 
-namespace KyMath {
-namespace test {
+namespace KyMath::test {
 
 /// What this program, the library included, did between startCounting() and stopCounting().
 struct Use {
@@ -23,7 +22,6 @@ void stopCounting();
 /// Adds what each of those functions of libm gives for some argument.
 void addLibm(Inputs& in, Digest& digest);
 
-}  // namespace test
-}  // namespace KyMath
+}  // namespace KyMath::test
 
 #endif

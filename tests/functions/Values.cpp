@@ -8,9 +8,7 @@
 #include <limits>
 #include <type_traits>
 
-namespace KyMath {
-namespace test {
-
+namespace KyMath::test {
 namespace {
 
 template <class T>
@@ -33,7 +31,8 @@ T fromBits(Bits<T> bits) {
 
 // ---- Inputs
 
-void Inputs::nextCall() {
+void Inputs::nextCall(unsigned limit) {
+    limit_ = limit;
     earlier_.clear();
     earlierV_.clear();
 }
@@ -368,5 +367,4 @@ void Digest::add(const Ky::KyTransform& transform) {
     add<double>(transform, 16);
 }
 
-}  // namespace test
-}  // namespace KyMath
+}  // namespace KyMath::test

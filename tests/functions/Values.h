@@ -9,12 +9,17 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <sstream>
 #include <string>
 #include <type_traits>
 #include <vector>
 
-namespace KyMath {
-namespace test {
+namespace KyMath::test {
+
+/// Text for a function that prints.
+struct Label {
+    char text[6] = "label";
+};
 
 /// Values for the arguments of any function of the library, made from a fixed stream of random
 /// bytes or from those of a fuzzer. About a quarter are what breaks code: zeros of both signs,
@@ -31,25 +36,24 @@ public:
         : state_(seed), ordinary_(ordinary) {}
     Inputs(const std::uint8_t* data, std::size_t size) : data_(data), left_(size) {}
 
-    /// Forgets the earlier values: what follows is for another call.
-    void nextCall();
+    /// Forgets the earlier values: what follows is for another call, whose integers are below
+    /// limit.
+    void nextCall(unsigned limit = 1);
 
     unsigned below(unsigned limit);  ///< Limit at most 256.
     void draw(bool& value);
     void draw(float& value);
     void draw(double& value);
 
-    template <class T>
-    void draw(Vector2T<T>& v) {
-        components<T>(v, 2);
+    void draw(std::ostringstream&) {}
+    void draw(Label&) {}
+    template <class I, class = std::enable_if_t<std::is_integral<I>::value>>
+    void draw(I& value) {
+        value = I(below(limit_));
     }
-    template <class T>
-    void draw(Vector3T<T>& v) {
-        components<T>(v, 3);
-    }
-    template <class T>
-    void draw(Vector4T<T>& v) {
-        components<T>(v, 4);
+    template <template <class> class V, class T>
+    void draw(V<T>& v) {
+        components<T>(v, int(sizeof v / sizeof(T)));
     }
     void draw(Vector6& v);
     template <class T>
@@ -75,7 +79,11 @@ public:
     void draw(std::vector<Planed>& planes);
     template <class V, std::size_t N>
     void draw(std::array<V, N>& values) {
-        for (V& value : values) draw(value);
+        // Of integers the first: no function takes more.
+        for (V& value : values) {
+            draw(value);
+            if (std::is_integral<V>::value) return;
+        }
     }
 
     template <class T>
@@ -97,6 +105,7 @@ private:
 
     std::uint64_t state_ = 0;
     bool ordinary_ = false;
+    unsigned limit_ = 1;
     const std::uint8_t* data_ = nullptr;
     std::size_t left_ = 0;
     std::vector<double> earlier_;                ///< scalars of this call
@@ -123,6 +132,10 @@ public:
     void add(float value);
     void add(double value);
     void add(const std::string& text);
+    void add(const std::ostringstream& stream) {
+        add(stream.str());
+    }
+    void add(const Label&) {}
     template <class T>
     void add(const T* values, int count) {
         for (int i = 0; i < count; ++i) add(values[i]);
@@ -164,7 +177,6 @@ private:
     std::uint64_t hash_ = 0xcbf29ce484222325u;
 };
 
-}  // namespace test
-}  // namespace KyMath
+}  // namespace KyMath::test
 
 #endif

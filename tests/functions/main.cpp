@@ -12,7 +12,6 @@
 #include <unistd.h>
 #include <cfenv>
 #include <cstdio>
-#include <cstring>
 
 using namespace KyMath;
 using namespace KyMath::test;
@@ -25,10 +24,10 @@ std::FILE* const out = [] {
     return std::freopen("/dev/null", "w", stdout) != nullptr ? own : nullptr;
 }();
 
-std::uint64_t seedOf(const Function& function) {
-    Digest digest;
-    digest.add(function.name);
-    return digest.value();
+Inputs inputsOf(const Function& function, bool ordinary = false) {
+    Digest seed;
+    seed.add(function.name);
+    return Inputs(seed.value(), ordinary);
 }
 
 void printLibm() {
@@ -38,73 +37,49 @@ void printLibm() {
     std::fprintf(out, "libm %016llx\n", static_cast<unsigned long long>(digest.value()));
 }
 
-void printResults(const Function& function) {
-    Inputs in(seedOf(function));
+bool printResults(const Function& function) {
+    Inputs in = inputsOf(function);
     Digest digest;
     bool libm = false, memory = false;
     for (int i = 0; i < 4000; ++i) {
-        in.nextCall();
-        Call call{in, function.limit, {}};
-        function.call(call);
-        digest.add(call.digest.value());
+        digest.add(call(function, in).digest);
         libm |= use.libm > 0;
         memory |= use.allocations > 0;
     }
     std::fprintf(out, "%016llx %s%s%s\n", static_cast<unsigned long long>(digest.value()),
                  function.name.c_str(), libm ? " [libm]" : "", memory ? " [memory]" : "");
-}
-
-/// Whether all threads got the result of one.
-bool checkThreads(const Function& function) {
-    Inputs in(seedOf(function));
-    for (int i = 0; i < 10; ++i) {
-        in.nextCall();
-        Call call{in, function.limit, {}};
-        call.threads = 8;
-        function.call(call);
-        if (!call.threadsAgree) return false;
-    }
     return true;
 }
 
-/// Whether a call that runs out of memory, at whichever of its allocations, changes nothing and
-/// keeps nothing. (A stream records the failure instead.)
-bool checkMemory(const Function& function, int& failures) {
-    Inputs in(seedOf(function));
+/// All threads get the result of one.
+bool threadsAgree(const Function& function) {
+    Inputs in = inputsOf(function);
+    bool agree = true;
+    for (int i = 0; i < 10; ++i) agree &= call(function, in, 8).threadsAgree;
+    return agree;
+}
+
+int failures = 0;
+/// A call that runs out of memory, at whichever of its allocations, changes nothing and keeps
+/// nothing. (A stream records the failure instead.)
+bool isSafeWithoutMemory(const Function& function) {
+    Inputs in = inputsOf(function);
     for (int i = 0; i < 100; ++i) {
-        in.nextCall();
         const Inputs start = in;
         for (use.failAt = 0;; ++use.failAt) {
             in = start;
-            Call call{in, function.limit, {}};
-            function.call(call);
+            const Outcome outcome = call(function, in);
             if (use.allocations <= use.failAt) break;
             ++failures;
-            if (call.threw && (!call.unchanged || use.kept != 0)) return false;
+            if (outcome.threw && (!outcome.unchanged || use.kept != 0)) return false;
         }
         use.failAt = -1;
     }
     return true;
 }
 
-/// Whether no call with ordinary arguments raises a floating-point exception other than inexact and
-/// underflow.
-bool checkTraps(const Function& function) {
-    static int raised;
-    raised = 0;
-    hooks = {[] { std::feclearexcept(FE_ALL_EXCEPT); },
-             [] { raised |= std::fetestexcept(FE_INVALID | FE_DIVBYZERO | FE_OVERFLOW); }};
-    Inputs in(seedOf(function), true);
-    for (int i = 0; i < 1000; ++i) {
-        in.nextCall();
-        Call call{in, function.limit, {}};
-        function.call(call);
-    }
-    return raised == 0;
-}
-
-/// Whether curves through many points leave nothing behind but these points.
-bool checkManyPoints() {
+/// Curves through many points leave nothing behind but these points.
+bool manyPointsAreFreed() {
     int kept = 0;
     for (const auto create : {CreateBSpline, CreateBezier, CreateCatmullRomSpline}) {
         startCounting();
@@ -118,36 +93,47 @@ bool checkManyPoints() {
     return kept == 0;
 }
 
+/// No call with ordinary arguments raises a floating-point exception other than inexact and
+/// underflow.
+bool raisesNothing(const Function& function) {
+    static int raised;
+    raised = 0;
+    hooks = {[] { std::feclearexcept(FE_ALL_EXCEPT); },
+             [] { raised |= std::fetestexcept(FE_INVALID | FE_DIVBYZERO | FE_OVERFLOW); }};
+    Inputs in = inputsOf(function, true);
+    for (int i = 0; i < 1000; ++i) call(function, in);
+    return raised == 0;
+}
+
+/// Whether it holds for all functions.
+bool forAll(bool (*holds)(const Function&), const char* otherwise) {
+    bool good = true;
+    for (const Function& function : functions()) {
+        if (holds(function)) continue;
+        std::fprintf(out, "%s %s\n", function.name.c_str(), otherwise);
+        good = false;
+    }
+    return good;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
-    const char* const mode = argc > 1 ? argv[1] : "";
-    int failures = 0;
+    const std::string mode = argc > 1 ? argv[1] : "";
     bool good = true;
-    const auto require = [&good](bool holds, const Function& function, const char* otherwise) {
-        if (!holds) std::fprintf(out, "%s: %s\n", function.name.c_str(), otherwise);
-        good &= holds;
-    };
-    if (std::strcmp(mode, "--threads") == 0) {
-        for (const Function& f : functions()) require(checkThreads(f), f, "threads disagree");
+    if (mode == "--traps") return !forAll(raisesNothing, "would be trapped");
+    if (mode == "--threads") {
+        good = forAll(threadsAgree, "differs between threads");
         std::fprintf(out, "%zu functions by 8 threads\n", functions().size());
-        return good ? 0 : 1;
-    }
-    if (std::strcmp(mode, "--traps") == 0) {
-        for (const Function& f : functions()) require(checkTraps(f), f, "would be trapped");
-        return good ? 0 : 1;
+        return !good;
     }
     hooks = {startCounting, stopCounting};
-    if (std::strcmp(mode, "--memory") == 0) {
-        for (const Function& f : functions()) {
-            require(checkMemory(f, failures), f, "changed or kept something without memory");
-        }
-        std::fprintf(out, "%d allocations failed\n", failures);
-        if (!checkManyPoints())
-            std::fprintf(out, "curves of many points keep memory\n"), good = false;
-        return good && failures > 0 ? 0 : 1;
+    if (mode == "--memory") {
+        good = forAll(isSafeWithoutMemory, "changed or kept something without memory");
+        const bool freed = manyPointsAreFreed();
+        std::fprintf(out, "%d allocations failed%s\n", failures, freed ? "" : ", curves leak");
+        return !(good && freed && failures > 0);
     }
     printLibm();
-    for (const Function& function : functions()) printResults(function);
-    return 0;
+    return !forAll(printResults, "");
 }
