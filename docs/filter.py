@@ -62,7 +62,7 @@ FAMILIES = {
     "Vectors": "Vector2 Vector3 Vector4 Vector6",
     "Rotations": "Quaternion KyEulerAngles",
     "Matrices and transforms": "Matrix Transformation KyTransform",
-    "Bounds and lines": "BoundingBox BoundingSphere Plane Polytope Frustum Lines",
+    "Bounds and lines": "BoundingBox BoundingSphere Plane Polytope Frustum Lines Rays",
     "Curves": "Curves",
     "Arrays": "Batch",
     "Tolerances": "Tolerance",

@@ -90,7 +90,7 @@ public:
     /// without extent on some axis is never hit. The empty box is hit by every line, and a box with
     /// min > max as if its corners were sorted. Unspecified for a line within the plane of a face
     /// and for NaN. The reciprocal of a zero component of direction is taken as the largest finite
-    /// T.
+    /// T. Rays::intersect (Rays.h) also tells where, and counts what this leaves out.
     bool intersect(const Vector3T<T>& origin, const Vector3T<T>& direction) const;
     static bool isBetween(T value, T low, T high);  ///< low <= value <= high
     /// @}

@@ -14,6 +14,7 @@
 #include <KyMath/Plane.h>
 #include <KyMath/Polytope.h>
 #include <KyMath/Quaternion.h>
+#include <KyMath/Rays.h>
 #include <KyMath/Transformation.h>
 #include <KyMath/Vectors.h>
 

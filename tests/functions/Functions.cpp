@@ -272,6 +272,17 @@ void addPlane(Table& table) {
         MEMBER(void, transformProvidingInverse, (const M&)));
 }
 
+template <class T>
+void addRays(Table& table) {
+    using V = Vector3T<T>;
+    using Rays::intersect;
+    table.add(
+        "bounds", "Rays" + kLetter<T>, 1,
+        FREE(bool, intersect, (const V&, const V&, const BoundingBoxT<T>&, T*, T*)),
+        FREE(bool, intersect, (const V&, const V&, const PlaneT<T>&, T*)),
+        FREE(bool, intersect, (const V&, const V&, const V&, const V&, const V&, T*, T*, T*)));
+}
+
 void addBoundingSphere(Table& table) {
     using S = BoundingSphere;
     using Self = S;
@@ -439,8 +450,17 @@ void multiplyByOne(const Matrix44T<T>& a, const Matrix44T<T>* b, Matrix44T<T>* o
 }
 
 template <class T>
+void intersectTriangles(const Vector3T<T>& origin, const Vector3T<T>& direction,
+                        const Vector3T<T>* corners, T* t, std::size_t count) {
+    Rays::intersectTriangles(origin, direction, corners, t, count / 3);
+}
+
+template <class T>
 void add(Table& table) {
     using M = Matrix44T<T>;
+    using V = Vector3T<T>;
+    using Box = BoundingBoxT<T>;
+    using Scalars = Array<T>;
     using Matrices = Array<M>;
     using Vectors = Array<Vector3T<T>>;
     using Boxes = Array<BoundingBoxT<T>>;
@@ -451,6 +471,16 @@ void add(Table& table) {
               ARRAYS(void, multiply<T>, (const Matrices&, const Matrices&, Matrices&)),
               ARRAYS(void, multiplyByOne<T>, (const M&, const Matrices&, Matrices&)),
               ARRAYS(std::uint64_t, classify<T>, (const PlaneT<T>&, const Boxes&)));
+    using Rays::intersectBox;
+    using Rays::intersectBoxes;
+    using Rays::intersectTriangle;
+    table.add("bounds", "Rays" + kLetter<T>, 1,
+              ARRAYS(void, intersectBoxes, (const V&, const V&, const Boxes&, Scalars&, Scalars&)),
+              ARRAYS(void, intersectBox,
+                     (const Vectors&, const Vectors&, const Box&, Scalars&, Scalars&)),
+              ARRAYS(void, intersectTriangles, (const V&, const V&, const Vectors&, Scalars&)),
+              ARRAYS(void, intersectTriangle,
+                     (const Vectors&, const Vectors&, const V&, const V&, const V&, Scalars&)));
 }
 void addDouble(Table& table) {
     using Transforms = Array<Ky::KyTransform>;
@@ -472,6 +502,7 @@ void addTemplates(Table& table) {
     addQuaternion<T>(table);
     addBoundingBox<T>(table);
     addPlane<T>(table);
+    addRays<T>(table);
 }
 
 }  // namespace
@@ -495,6 +526,9 @@ std::vector<Function> functions() {
     batch::add<float>(table);
     batch::add<double>(table);
     batch::addDouble(table);
+    table.add("bounds", "Rays", 1,
+              FREE_AS(bool, Rays::intersect, "::intersect",
+                      (const Vector3d&, const Vector3d&, const BoundingSphere&, double*, double*)));
     return table;
 }
 
