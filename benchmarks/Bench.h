@@ -12,6 +12,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <new>
+#include <random>
 #include <string>
 #include <type_traits>
 #include <vector>
@@ -20,6 +21,13 @@ namespace bench {
 
 /// Number of inputs of each operation: too many for the compiler to fold anything.
 constexpr std::size_t kCount = 1024;
+
+/// Whether this program measures the limits instead of the library.
+#ifdef KYMATH_BENCHMARK_LIMITS
+constexpr bool kLimits = true;
+#else
+constexpr bool kLimits = false;
+#endif
 
 /// N values in memory order: inputs and results of the limits.
 template <class T, std::size_t N>
@@ -40,11 +48,9 @@ struct Lanes {
 /// n values in [low, high), the same for the same seed.
 template <class T>
 std::vector<T> numbers(std::size_t n, double low, double high, std::uint64_t seed) {
+    std::mt19937_64 random(seed);
     std::vector<T> values(n);
-    for (T& x : values) {
-        seed = seed * 6364136223846793005u + 1442695040888963407u;
-        x = T(low + (high - low) * (double(seed >> 11) * 0x1p-53));
-    }
+    for (T& x : values) x = T(low + (high - low) * (double(random() >> 11) * 0x1p-53));
     return values;
 }
 
@@ -218,8 +224,8 @@ inline void demandSame(const std::string& operation, std::size_t i, const void* 
     std::exit(1);
 }
 
-/// Adds an operation of the library and its limit, the same arithmetic written inline, after
-/// comparing their results for all inputs.
+/// Adds an operation of the library, or in the program of limits the same arithmetic written
+/// inline, after comparing their results for all inputs.
 template <class T, class Ours, class Limit>
 void ours(const std::string& operation, Ours library, Limit limit) {
     for (std::size_t i = 0; i < kCount; ++i) {
@@ -227,8 +233,11 @@ void ours(const std::string& operation, Ours library, Limit limit) {
         decltype(auto) b = limit(i);
         demandSame(operation, i, &a, sizeof a, &b, sizeof b);
     }
-    add(name<T>(operation, "ours"), library);
-    add(name<T>(operation, "limit"), limit);
+    if constexpr (kLimits) {
+        add(name<T>(operation, "limit"), limit);
+    } else {
+        add(name<T>(operation, "ours"), library);
+    }
 }
 
 /// The same for an operation on all items at once. Each of the two has its own results.
@@ -237,8 +246,11 @@ void oursWhole(const std::string& operation, Ours library, Limit limit, std::siz
     const auto* const a = library();
     const auto* const b = limit();
     demandSame(operation, 0, a, items * sizeof *a, b, items * sizeof *b);
-    addWhole(name<T>(operation, "ours"), library, items);
-    addWhole(name<T>(operation, "limit"), limit, items);
+    if constexpr (kLimits) {
+        addWhole(name<T>(operation, "limit"), limit, items);
+    } else {
+        addWhole(name<T>(operation, "ours"), library, items);
+    }
 }
 
 /// Adds the same operation of another library.
@@ -259,9 +271,12 @@ void peer(const std::string& operation, const std::string& who, F f) {
     bench::peer<T>(operation, #who, [=](std::size_t i) { return expression; })
 /// @}
 
-/// Each program defines these two: the operations of the library, and those of the peers in a
-/// source that is compiled as their users would.
-void addOurs();
-void addPeers();
+/// Each family of operations has two sources: one for the library, one for the others.
+void addVectors();
+void addMatrices();
+void addRotations();
+void addBounds();
+void addCulling();
+void addLoops();
 
 #endif

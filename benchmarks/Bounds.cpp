@@ -191,7 +191,7 @@ void addAll() {
 
 }  // namespace
 
-void addOurs() {
+void addBounds() {
     addAll<float>();
     addAll<double>();
     addFrustum();

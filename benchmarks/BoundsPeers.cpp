@@ -96,7 +96,7 @@ void addFrustum() {
 
 }  // namespace
 
-void addPeers() {
+void addBounds() {
     addAll<float>();
     addAll<double>();
     addFrustum();

@@ -63,7 +63,7 @@ void addPoints() {
 
 }  // namespace
 
-void addPeers() {
+void addCulling() {
     addBoxes();
     addPoints<float>();
     addPoints<double>();

@@ -111,7 +111,7 @@ void addAll() {
 
 }  // namespace
 
-void addOurs() {
+void addMatrices() {
     addAll<float>();
     addAll<double>();
 }

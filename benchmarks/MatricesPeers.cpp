@@ -69,7 +69,7 @@ void addAll() {
 
 }  // namespace
 
-void addPeers() {
+void addMatrices() {
     addAll<float>();
     addAll<double>();
 }

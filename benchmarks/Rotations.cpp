@@ -265,7 +265,7 @@ void addAll() {
 
 }  // namespace
 
-void addOurs() {
+void addRotations() {
     addAll<float>();
     addAll<double>();
     addRigid();

@@ -172,7 +172,7 @@ void addRigid() {
 
 }  // namespace
 
-void addPeers() {
+void addRotations() {
     addAll<float>();
     addAll<double>();
     addRigid();

@@ -19,11 +19,13 @@ void addAll() {
     const L* const lb = load<L>(others);
 
     // The cost of a call: a member that does nothing.
-    add(name<T>("call", "ours"), [=](std::size_t i) {
-        a[i].print(nullptr);
-        return 0;
-    });
-    add(name<T>("call", "limit"), [](std::size_t) { return 0; });
+    ours<T>(
+        "call",
+        [=](std::size_t i) {
+            a[i].print(nullptr);
+            return 0;
+        },
+        [](std::size_t) { return 0; });
 
     KY_OURS(T, "component access", a[i].y(), la[i].v[1]);
 
@@ -64,7 +66,7 @@ void addAll() {
 
 }  // namespace
 
-void addOurs() {
+void addVectors() {
     addAll<float>();
     addAll<double>();
 }

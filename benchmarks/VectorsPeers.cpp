@@ -46,7 +46,7 @@ void addAll() {
 
 }  // namespace
 
-void addPeers() {
+void addVectors() {
     addAll<float>();
     addAll<double>();
 }

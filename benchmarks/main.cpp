@@ -20,7 +20,9 @@ int main(int argc, char** argv) {
     stayOnThisCore();
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
-    addOurs();
-    addPeers();
+    for (const auto add :
+         {addVectors, addMatrices, addRotations, addBounds, addCulling, addLoops}) {
+        add();
+    }
     benchmark::RunSpecifiedBenchmarks();
 }

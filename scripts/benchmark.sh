@@ -2,35 +2,43 @@
 # SPDX-FileCopyrightText: 2026 The KyMath authors
 # SPDX-License-Identifier: Apache-2.0
 #
-# benchmark.sh [--quick] [--update]: installs what is missing, compares the library with others and
-# with its own arithmetic written inline, prints tables and draws build/performance.svg. It takes
-# some ten minutes, on a machine that should have nothing else to do; --quick takes fewer repetitions.
-# --update puts tables and chart into docs.
+# benchmark.sh [--quick] [--update | --clang]: installs what is missing, compares the library with others
+# and with its own arithmetic written inline, prints tables and draws build/performance.svg. It takes some
+# ten minutes, on a machine that should have nothing else to do.
+#
+#     --quick    fewer repetitions, for two or three minutes
+#     --update   puts tables and picture into docs
+#     --clang    by Clang instead, the loops alone: only prints their table
 . "$(dirname "$(readlink -f "$0")")/common.sh"
-takes '--quick|--update' "$@"
-quick='' update=''
+takes '--quick|--update|--clang' "$@"
+preset=release filter=. rounds=5 repeats=5 picture=build/performance.svg update=''
 for option in "$@"; do
     case $option in
-    --quick) quick=1 ;;
+    --quick) rounds=2 repeats=2 ;;
     --update) update=1 ;;
+    --clang) preset=clang filter=^loop picture='' ;;
     esac
 done
 
-prepare library peers benchmarks
-configure release -DKYMATH_TESTS=OFF -DKYMATH_EXAMPLES=OFF -DKYMATH_BENCHMARKS=ON
-cmake --build --preset release
-programs=build/release/benchmarks
+prepare library peers tests benchmarks
+[[ $preset == release ]] || prepare clang
+configure $preset -DKYMATH_EXAMPLES=OFF -DKYMATH_BENCHMARKS=ON
+cmake --build --preset $preset --target benchmarks
 results=build/benchmark
+rm -rf $results
 mkdir -p $results
-[[ $quick ]] && repeats=(3 0.005) || repeats=(25 0.01)
-for library in KyMath Static; do
-    for family in vectors matrices rotations bounds culling; do
-        "$programs/benchmark_${family}_$library" --benchmark_enable_random_interleaving=true \
-            "--benchmark_repetitions=${repeats[0]}" "--benchmark_min_time=${repeats[1]}" \
-            --benchmark_report_aggregates_only=true --benchmark_format=csv 2>$results/messages ||
+
+# All programs in turn, so that a slow minute of the machine slows all of them.
+for ((round = 0; round < rounds; ++round)); do
+    for program in build/$preset/benchmarks/benchmark_*; do
+        [[ $program == *_functions ]] && continue
+        "$program" --benchmark_filter=$filter --benchmark_enable_random_interleaving=true \
+            --benchmark_repetitions=$repeats --benchmark_min_time=0.01 --benchmark_format=json \
+            >$results/${program#*/benchmark_}.$round.json 2>$results/messages ||
             { cat $results/messages >&2 && exit 1; }
-    done >$results/$library.csv
+    done
 done
+build/$preset/benchmarks/benchmark_functions >$results/functions.txt
 
 # A unit that includes a header: the median time of five compilations, and its size preprocessed.
 header_cost() { # HEADER GOAL_MILLISECONDS GOAL_KIB
@@ -44,17 +52,19 @@ header_cost() { # HEADER GOAL_MILLISECONDS GOAL_KIB
         "$2" $(($(g++ -O2 -Iinclude -E $results/unit.cpp | wc -c) / 1024)) "$3"
 }
 {
-    echo "$(sed -n 's/^model name.*: //p' /proc/cpuinfo | head -n 1), $(g++ --version | head -n 1)"
-    $programs/benchmark_report benchmarks/goals.txt $results/KyMath.csv $results/Static.csv \
-        build/performance.svg
-    printf '\n| A unit that includes | takes | goal | preprocessed | goal |\n|---|--:|--:|--:|--:|\n'
-    while read -r _ header milliseconds size; do
-        header_cost "$header" "$milliseconds" "$size"
-    done < <(grep '^include ' benchmarks/goals.txt)
+    echo "$(sed -n 's/^model name.*: //p' /proc/cpuinfo | head -n 1)," \
+        "$(sed -n 's/^CMAKE_CXX_COMPILER:[^=]*=//p' build/$preset/CMakeCache.txt | xargs -I{} {} --version | head -n 1)"
+    /usr/bin/python3 benchmarks/report.py benchmarks/goals.txt $results $picture # Debian's, with matplotlib
+    if [[ $picture ]]; then
+        printf '\n| A unit that includes | takes | goal | preprocessed | goal |\n|---|--:|--:|--:|--:|\n'
+        while read -r _ header milliseconds size; do
+            header_cost "$header" "$milliseconds" "$size"
+        done < <(grep '^@include ' benchmarks/goals.txt)
+    fi
 } | tee $results/report.md
 
 if [[ $update ]]; then
-    cp build/performance.svg docs/performance.svg
+    cp $picture docs/performance.svg
     sed -i "/<!-- begin -->/,/<!-- end -->/{
         /<!-- begin -->/r $results/report.md
         /<!-- begin -->\|<!-- end -->/!d

@@ -25,7 +25,7 @@ declare -A packages=(
     [docs]="doxygen doxygen-awesome-css python3"
     [packages]="dpkg-dev lintian pkg-config"
     [coverage]="clang-19 libclang-rt-19-dev llvm-19 jq"
-    [benchmarks]="libbenchmark-dev"
+    [benchmarks]="libbenchmark-dev python3-matplotlib"
 )
 needed=$(for purpose in "$@"; do printf '%s\n' ${packages[$purpose]}; done | sort -u)
 

@@ -27,6 +27,7 @@ struct Signature {
     /// Calls code, a function of this type. Adds its result and, where that refers into the object,
     /// where it points.
     void (*call)(void (*code)(), void* const* arguments, const void* object, Digest& result);
+    void (*run)(void (*code)(), void* const* arguments);  ///< The call alone, to be timed.
 };
 
 /// A function that takes plain arguments: of a member, the object comes first.
@@ -157,9 +158,17 @@ struct Caller<std::index_sequence<I...>, R, A...> {
             addResult<R>(result, function(Passed<A>::get(arguments[I])...), object);
         }
     }
+    static void run(void (*code)(), [[maybe_unused]] void* const* arguments) {
+        if constexpr (std::is_void<R>::value) {
+            reinterpret_cast<R (*)(A...)>(code)(Passed<A>::get(arguments[I])...);
+        } else {
+            R&& result = reinterpret_cast<R (*)(A...)>(code)(Passed<A>::get(arguments[I])...);
+            __asm__ volatile("" : : "g"(&result) : "memory");
+        }
+    }
     static constexpr std::unique_ptr<Argument> (*kArguments[])() = {
         makeArgument<typename Passed<A>::V>..., nullptr};
-    static constexpr Signature kSignature = {(kReadOnly<A> && ...), kArguments, call};
+    static constexpr Signature kSignature = {(kReadOnly<A> && ...), kArguments, call, run};
 };
 
 /// A line of the table: the name without the type, and the function.
