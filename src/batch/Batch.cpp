@@ -27,8 +27,13 @@ internal::Strided<T> valuesOf(V* elements, std::size_t stride) {
 
 template <class T>
 internal::CullPlane<T> cullPlaneOf(const PlaneT<T>& plane) {
-    const Vector4T<T>& v = plane.getAsVector4();
-    return {{v[0], v[1], v[2], v[3]}, plane.upperBBCorner(), plane.lowerBBCorner()};
+    internal::CullPlane<T> p;
+    for (int i = 0; i < 4; ++i) p.v[i] = plane.getAsVector4()[i];
+    for (std::size_t i = 0; i < 3; ++i) {
+        p.upper[i] = i + (plane.upperBBCorner() >> i & 1) * 3;
+        p.lower[i] = i + (plane.lowerBBCorner() >> i & 1) * 3;
+    }
+    return p;
 }
 
 }  // namespace
@@ -72,16 +77,27 @@ void classify(const PlaneT<T>& plane, const BoundingBoxT<T>* boxes, signed char*
               std::size_t count, std::size_t stride) {
     KY_KERNEL(classify<T>(cullPlaneOf(plane), valuesOf<T>(boxes, stride), sides, count));
 }
+
+namespace {
+
+/// The planes of a region that its mask can name, and the mask on top of its stack.
+struct CullPlanes {
+    internal::CullPlane<double> planes[internal::kMaskBits];
+    unsigned int mask;
+
+    explicit CullPlanes(const Polytope& region) : mask(region.getMaskStack().back()) {
+        const std::size_t count = internal::maskedPlanes(region.getPlanes());
+        for (std::size_t i = 0; i < count; ++i) planes[i] = cullPlaneOf(region.getPlanes()[i]);
+        if (count < internal::kMaskBits) mask &= (1u << count) - 1;
+    }
+};
+
+}  // namespace
+
 void cull(const Polytope& region, const BoundingBoxT<double>* boxes, unsigned char* visible,
           std::size_t count, std::size_t stride) {
-    const unsigned int mask = region.getMaskStack().back();
-    const std::vector<PlaneT<double>>& planes = region.getPlanes();
-    internal::CullPlane<double> tested[internal::kMaskBits];
-    std::size_t n = 0;
-    for (std::size_t i = 0; i < internal::maskedPlanes(planes); ++i) {
-        if (mask >> i & 1) tested[n++] = cullPlaneOf(planes[i]);
-    }
-    KY_KERNEL(cull(tested, n, valuesOf<double>(boxes, stride), visible, count));
+    const CullPlanes tested(region);
+    KY_KERNEL(cull(tested.planes, tested.mask, valuesOf<double>(boxes, stride), visible, count));
 }
 
 #define KY_INSTANTIATE(T)                                                                         \

@@ -8,7 +8,7 @@
 
 #include <type_traits>
 
-// Elements of arrays, and four of them at once: one element to a lane.
+// Elements of arrays, and several of them at once: one element to a lane.
 
 namespace KyMath::internal {
 
@@ -18,34 +18,67 @@ static KY_INLINE T* at(const Strided<T>& s, std::size_t i) {
     return reinterpret_cast<T*>(reinterpret_cast<Byte*>(s.first) + i * s.stride);
 }
 
-/// Elements begin to end - 1, four or fewer. Where there are fewer, the last is repeated: nothing
-/// beyond the array is read.
+namespace {
+
+/// Elements begin to end - 1, as many as there are lanes or fewer. Where there are fewer, the last
+/// is repeated: nothing beyond the array is read.
 template <class T>
 struct Group {
-    const T* p[4];
+    const T* p[kWide<T>];
     std::size_t begin, end;
 };
+
+/// Two values of each element.
+template <class T>
+struct ValuePairs {
+    Wide<T> first, second;
+};
+
+}  // namespace
 
 /// The elements of s, which has n, from i on.
 template <class T>
 static KY_INLINE Group<T> groupAt(Strided<const T> s, std::size_t i, std::size_t n) {
-    const std::size_t last = n - 1;
-    return {{at(s, i), at(s, i + 1 < n ? i + 1 : last), at(s, i + 2 < n ? i + 2 : last),
-             at(s, i + 3 < n ? i + 3 : last)},
-            i,
-            i + 4 < n ? i + 4 : n};
+    constexpr std::size_t kLanes = kWide<T>;
+    const Strided<const T> rest = {at(s, i), s.stride};
+    const bool whole = n - i >= kLanes;
+    Group<T> group = {{}, i, whole ? i + kLanes : n};
+    if (whole) {
+        for (std::size_t k = 0; k < kLanes; ++k) group.p[k] = at(rest, k);
+    } else {
+        for (std::size_t k = 0; k < kLanes; ++k) group.p[k] = at(rest, k < n - i ? k : n - i - 1);
+    }
+    return group;
 }
 
 /// Value k of each element.
 template <class T>
-static KY_INLINE Lanes<T> gather(const Group<T>& group, std::size_t k) {
-    return Lanes<T>{group.p[0][k], group.p[1][k], group.p[2][k], group.p[3][k]};
+static KY_INLINE Wide<T> gather(const Group<T>& group, std::size_t k) {
+    Wide<T> v;
+    for (std::size_t i = 0; i < kWide<T>; ++i) v[i] = group.p[i][k];
+    return v;
+}
+
+/// Values k and k + 1 of each element.
+template <class T>
+static KY_INLINE ValuePairs<T> gatherPairs(const Group<T>& group, std::size_t k) {
+    const auto pair = [&](std::size_t i) { return loadPair(group.p[i] + k); };
+    if constexpr (sizeof(T) == sizeof(float)) {
+        const auto low = gatherParts<kWide<T>>([&](std::size_t i) { return pair(i + i / 2 * 2); });
+        const auto high =
+            gatherParts<kWide<T>>([&](std::size_t i) { return pair(i + i / 2 * 2 + 2); });
+        return {shuffle<0, 2, 0, 2>(low, high), shuffle<1, 3, 1, 3>(low, high)};
+    } else {
+        const auto even = gatherParts<kWide<T>>([&](std::size_t i) { return pair(2 * i); });
+        const auto odd = gatherParts<kWide<T>>([&](std::size_t i) { return pair(2 * i + 1); });
+        return {shufflePairs<0, 0>(even, odd), shufflePairs<1, 1>(even, odd)};
+    }
 }
 
 /// Writes values 0, 1 and 2 of each element.
 template <class T>
-static KY_INLINE void scatter(Strided<T> out, const Group<T>& group, Lanes<T> x, Lanes<T> y,
-                              Lanes<T> z) {
+static KY_INLINE void scatter(Strided<T> out, const Group<T>& group, Wide<T> x, Wide<T> y,
+                              Wide<T> z) {
     for (std::size_t i = group.begin, k = 0; i < group.end; ++i, ++k) {
         T* const p = at(out, i);
         p[0] = x[k];

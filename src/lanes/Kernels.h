@@ -16,12 +16,12 @@ struct Strided {
     std::size_t stride;
 };
 
-/// A plane: its coefficients, and which corners of a box are furthest along and furthest against
-/// its normal.
+/// A plane: its coefficients, and of the six values of a box, those of the corners that are
+/// furthest along and furthest against its normal.
 template <class T>
 struct CullPlane {
     T v[4];
-    unsigned int upper, lower;
+    std::size_t upper[3], lower[3];
 };
 
 /// The set of instructions that kernels are compiled for: that of every x86-64, or AVX2 as well.
@@ -79,8 +79,8 @@ struct Kernels {
     template <class T>
     static void classify(const CullPlane<T>& plane, Strided<const T> boxes, signed char* sides,
                          std::size_t n);
-    /// visible[i] = 0 if the box is wholly outside any of the planes, otherwise 1
-    static void cull(const CullPlane<double>* planes, std::size_t count,
+    /// visible[i] = 0 if the box is wholly outside any of the planes in the mask, otherwise 1
+    static void cull(const CullPlane<double>* planes, unsigned int mask,
                      Strided<const double> boxes, unsigned char* visible, std::size_t n);
     /// @}
 

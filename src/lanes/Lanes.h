@@ -6,13 +6,15 @@
 #include "internal/Arithmetic.h"
 
 #include <immintrin.h>
+#include <cstddef>
 #include <cstring>
 #include <limits>
+#include <utility>
 
-// Four values at once, in the vector types that GCC and Clang share. Lane k of a result depends
-// only on lane k of the operands: with one row, column or element to a lane, each value keeps its
-// own order of operations, and so its bits. The compiler uses the instructions of the including
-// source: four doubles are one register of 32 bytes with AVX, two of 16 bytes without.
+// Four values at once or more, in the vector types that GCC and Clang share. Lane k of a result
+// depends only on lane k of the operands: with one row, column or element to a lane, each value
+// keeps its own order of operations, and so its bits. The compiler uses the instructions of the
+// including source: four doubles are one register of 32 bytes with AVX, two of 16 bytes without.
 //
 // Every function here is static and always inlined: code compiled for one processor must never be
 // called by code compiled for another.
@@ -22,29 +24,30 @@
 namespace KyMath::internal {
 
 template <class T>
-struct LaneTypes;
+struct BitsOf;
 template <>
-struct LaneTypes<float> {
-    typedef float Values __attribute__((vector_size(16)));
-    typedef float Pair __attribute__((vector_size(8)));
-    typedef int Bits __attribute__((vector_size(16)));
-    static constexpr int kSign = std::numeric_limits<int>::min();
+struct BitsOf<float> {
+    using Type = int;
 };
 template <>
-struct LaneTypes<double> {
-    typedef double Values __attribute__((vector_size(32)));
-    typedef double Pair __attribute__((vector_size(16)));
-    typedef long Bits __attribute__((vector_size(32)));
-    static constexpr long kSign = std::numeric_limits<long>::min();
+struct BitsOf<double> {
+    using Type = long;
 };
+template <class T, std::size_t N>
+struct LaneTypes {
+    typedef T Values __attribute__((vector_size(N * sizeof(T))));
+    typedef typename BitsOf<T>::Type Bits __attribute__((vector_size(N * sizeof(T))));
+};
+template <class T>
+constexpr auto kSign = std::numeric_limits<typename BitsOf<T>::Type>::min();
 
 template <class T>
-using Lanes = typename LaneTypes<T>::Values;
+using Lanes = typename LaneTypes<T, 4>::Values;
 /// A comparison sets all bits of a lane where it holds.
 template <class T>
-using LaneBits = typename LaneTypes<T>::Bits;
+using LaneBits = typename LaneTypes<T, 4>::Bits;
 template <class T>
-using LanePair = typename LaneTypes<T>::Pair;
+using LanePair = typename LaneTypes<T, 2>::Values;
 
 template <class T>
 static KY_INLINE LanePair<T> loadPair(const T* p) {
@@ -63,77 +66,112 @@ static KY_INLINE void store(T* p, V v) {
     std::memcpy(p, &v, sizeof v);
 }
 
-// What is written differently for each set of instructions:
-// - load() of doubles;
-// - bitsOf(holds): bit k is set where the comparison holds in lane k;
-// - WideLanes: as many floats as a register holds, in groups of four (see transformPacked()).
-//   shuffle<I, J, K, L>(a, b) takes within each group lanes I and J of a, then K and L of b.
-//   Group g is loaded from, and stored to, p + 12 g.
-
 #ifdef __AVX__
-
 // 16 bytes at a time, as compilers copy: a load that spans two recent stores stalls.
 static KY_INLINE Lanes<double> load(const double* p) {
     return reinterpret_cast<Lanes<double>>(_mm256_loadu2_m128d(p + 2, p));
 }
-
-template <class Bits>
-static KY_INLINE int bitsOf(Bits holds) {
-    if constexpr (sizeof holds == 16) {
-        return _mm_movemask_ps(reinterpret_cast<__m128>(holds));
-    } else if constexpr (sizeof holds[0] == 4) {
-        return _mm256_movemask_ps(reinterpret_cast<__m256>(holds));
-    } else {
-        return _mm256_movemask_pd(reinterpret_cast<__m256d>(holds));
-    }
-}
-
-typedef float WideLanes __attribute__((vector_size(32)));
-
-template <int I, int J, int K, int L>
-static KY_INLINE WideLanes shuffle(WideLanes a, WideLanes b) {
-    return __builtin_shufflevector(a, b, I, J, 8 + K, 8 + L, 4 + I, 4 + J, 12 + K, 12 + L);
-}
-template <class V>
-static KY_INLINE V loadGroups(const float* p) {
-    return __builtin_shufflevector(load(p), load(p + 12), 0, 1, 2, 3, 4, 5, 6, 7);
-}
-template <class V>
-static KY_INLINE void storeGroups(float* p, V v) {
-    store(p, __builtin_shufflevector(v, v, 0, 1, 2, 3));
-    store(p + 12, __builtin_shufflevector(v, v, 4, 5, 6, 7));
-}
-
-#else
-
-template <class Bits>
-static KY_INLINE int bitsOf(Bits holds) {
-    if constexpr (sizeof holds == 16) {
-        return _mm_movemask_ps(reinterpret_cast<__m128>(holds));
-    } else {
-        const auto low = __builtin_shufflevector(holds, holds, 0, 1);
-        const auto high = __builtin_shufflevector(holds, holds, 2, 3);
-        return _mm_movemask_pd(reinterpret_cast<__m128d>(low)) |
-               _mm_movemask_pd(reinterpret_cast<__m128d>(high)) << 2;
-    }
-}
-
-using WideLanes = Lanes<float>;
-
-template <int I, int J, int K, int L>
-static KY_INLINE WideLanes shuffle(WideLanes a, WideLanes b) {
-    return __builtin_shufflevector(a, b, I, J, 4 + K, 4 + L);
-}
-template <class V>
-static KY_INLINE V loadGroups(const float* p) {
-    return load(p);
-}
-template <class V>
-static KY_INLINE void storeGroups(float* p, V v) {
-    store(p, v);
-}
-
 #endif
+
+// As many lanes as a register holds.
+
+namespace {
+
+#ifdef __AVX__
+template <class T>
+constexpr std::size_t kWide = 32 / sizeof(T);
+#else
+template <class T>
+constexpr std::size_t kWide = 16 / sizeof(T);
+#endif
+
+}  // namespace
+
+template <class T>
+using Wide = typename LaneTypes<T, kWide<T>>::Values;
+template <class T>
+using WideBits = typename LaneTypes<T, kWide<T>>::Bits;
+
+template <class V, std::size_t... I>
+static KY_INLINE auto joined(V a, V b, std::index_sequence<I...>) {
+    return __builtin_shufflevector(a, b, I...);
+}
+template <std::size_t First, class V, std::size_t... I>
+static KY_INLINE auto part(V v, std::index_sequence<I...>) {
+    return __builtin_shufflevector(v, v, (First + I)...);
+}
+
+/// N lanes from parts of equal size: part(k), part(k + 1) and so on.
+template <std::size_t N, class Part>
+static KY_INLINE auto gatherParts(Part part, std::size_t k = 0) {
+    using V = decltype(part(k));
+    constexpr std::size_t kHalf = N / 2;
+    constexpr std::size_t kLanes = sizeof(V) / sizeof(V{}[0]);
+    if constexpr (N == kLanes) {
+        return part(k);
+    } else {
+        return joined(gatherParts<kHalf>(part, k), gatherParts<kHalf>(part, k + kHalf / kLanes),
+                      std::make_index_sequence<N>());
+    }
+}
+template <class T>
+static KY_INLINE Wide<T> inEachGroup(Lanes<T> v) {
+    return gatherParts<kWide<T>>([&](std::size_t) { return v; });
+}
+/// Stores each N lanes of v: part k at address(k).
+template <std::size_t N, class V, class Address>
+static KY_INLINE void scatterParts(V v, Address address, std::size_t k = 0) {
+    constexpr std::size_t kHalf = sizeof v / sizeof v[0] / 2;
+    if constexpr (N == 2 * kHalf) {
+        store(address(k), v);
+    } else {
+        constexpr std::make_index_sequence<kHalf> half;
+        scatterParts<N>(part<0>(v, half), address, k);
+        scatterParts<N>(part<kHalf>(v, half), address, k + kHalf / N);
+    }
+}
+
+template <int I, int J, int K, int L, class V, std::size_t... Lane>
+static KY_INLINE V shuffle(V a, V b, std::index_sequence<Lane...>) {
+    constexpr std::size_t kTaken[] = {I, J, sizeof...(Lane) + K, sizeof...(Lane) + L};
+    return __builtin_shufflevector(a, b, (Lane / 4 * 4 + kTaken[Lane % 4])...);
+}
+/// Takes within each group of four lanes I and J of a, then K and L of b.
+template <int I, int J, int K, int L, class V>
+static KY_INLINE V shuffle(V a, V b) {
+    return shuffle<I, J, K, L>(a, b, std::make_index_sequence<sizeof a / sizeof a[0]>());
+}
+
+template <int I, int J, class V, std::size_t... Lane>
+static KY_INLINE V shufflePairs(V a, V b, std::index_sequence<Lane...>) {
+    return __builtin_shufflevector(a, b,
+                                   (Lane / 2 * 2 + (Lane % 2 == 0 ? I : sizeof...(Lane) + J))...);
+}
+/// Takes within each group of two lane I of a, then J of b.
+template <int I, int J, class V>
+static KY_INLINE V shufflePairs(V a, V b) {
+    return shufflePairs<I, J>(a, b, std::make_index_sequence<sizeof a / sizeof a[0]>());
+}
+
+/// Bit k is set where the comparison, of one register, holds in lane k.
+template <class Bits>
+static KY_INLINE unsigned int bitsOf(Bits holds) {
+    constexpr bool kFloats = sizeof holds[0] == 4;
+    int bits;
+    if constexpr (sizeof holds == 16 && kFloats) {
+        bits = _mm_movemask_ps(reinterpret_cast<__m128>(holds));
+    } else if constexpr (sizeof holds == 16) {
+        bits = _mm_movemask_pd(reinterpret_cast<__m128d>(holds));
+    }
+#ifdef __AVX__
+    else if constexpr (kFloats) {
+        bits = _mm256_movemask_ps(reinterpret_cast<__m256>(holds));
+    } else {
+        bits = _mm256_movemask_pd(reinterpret_cast<__m256d>(holds));
+    }
+#endif
+    return static_cast<unsigned int>(bits);
+}
 
 /// The first three lanes of v and the last of w.
 template <class V>
@@ -143,7 +181,7 @@ static KY_INLINE V withLast(V v, V w) {
 
 template <class T>
 static KY_INLINE Lanes<T> abs(Lanes<T> v) {
-    return reinterpret_cast<Lanes<T>>(reinterpret_cast<LaneBits<T>>(v) & ~LaneTypes<T>::kSign);
+    return reinterpret_cast<Lanes<T>>(reinterpret_cast<LaneBits<T>>(v) & ~kSign<T>);
 }
 
 /// Changes the sign of the lanes whose sign bit is set in signs.

@@ -16,7 +16,7 @@ static KY_INLINE void quaternionProduct(T* q, const T* left, const T* right) {
     //                a0 b3 + a3 b0 + a1 b2 - a2 b1
     const Lanes<T> a = load(left);
     const Lanes<T> b = load(right);
-    const LaneBits<T> first = {LaneTypes<T>::kSign, 0, 0, 0};
+    const LaneBits<T> first = {kSign<T>, 0, 0, 0};
     const Lanes<T> second =
         __builtin_shufflevector(a, a, 1, 1, 2, 3) * __builtin_shufflevector(b, b, 1, 0, 0, 0);
     const Lanes<T> third =
