@@ -167,4 +167,8 @@ private:
 
 }  // namespace Ky
 
+#ifdef KYMATH_INLINE
+#include <KyMath/inline/KyTransform.h>
+#endif
+
 #endif

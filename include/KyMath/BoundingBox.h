@@ -113,6 +113,12 @@ private:
     Vector3T<T> max_;
 };
 
+#ifdef KYMATH_INLINE
+}  // namespace KyMath
+#include <KyMath/inline/BoundingBox.h>
+namespace KyMath {
+#endif
+
 extern template class BoundingBoxT<float>;
 extern template class BoundingBoxT<double>;
 

@@ -61,4 +61,8 @@ private:
 
 }  // namespace KyMath
 
+#ifdef KYMATH_INLINE
+#include <KyMath/inline/BoundingSphere.h>
+#endif
+
 #endif

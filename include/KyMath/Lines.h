@@ -106,4 +106,8 @@ KY_STREAMS KY_API std::ostream& operator<<(std::ostream& os, const Line3& line);
 
 }  // namespace KyMath
 
+#ifdef KYMATH_INLINE
+#include <KyMath/inline/Lines.h>
+#endif
+
 #endif

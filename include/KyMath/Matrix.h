@@ -155,6 +155,12 @@ private:
     T v_[16];  // element (r, c) at 4c + r
 };
 
+#ifdef KYMATH_INLINE
+}  // namespace KyMath
+#include <KyMath/inline/Matrix.h>
+namespace KyMath {
+#endif
+
 template <>
 const Matrix44T<float> Matrix44T<float>::kZero;
 template <>

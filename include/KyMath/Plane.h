@@ -99,6 +99,12 @@ private:
     unsigned int lower_;
 };
 
+#ifdef KYMATH_INLINE
+}  // namespace KyMath
+#include <KyMath/inline/Plane.h>
+namespace KyMath {
+#endif
+
 extern template class PlaneT<float>;
 extern template class PlaneT<double>;
 

@@ -97,4 +97,8 @@ private:
 
 }  // namespace KyMath
 
+#ifdef KYMATH_INLINE
+#include <KyMath/inline/Polytope.h>
+#endif
+
 #endif

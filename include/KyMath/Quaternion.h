@@ -187,6 +187,12 @@ private:
     T v_[4];  // w, x, y, z
 };
 
+#ifdef KYMATH_INLINE
+}  // namespace KyMath
+#include <KyMath/inline/Quaternion.h>
+namespace KyMath {
+#endif
+
 template <>
 const QuaternionT<float> QuaternionT<float>::kIdentity;
 template <>

@@ -222,4 +222,8 @@ KY_API bool isRotation(const Matrix44T<T>& m, T tol);
 }  // namespace Transformation
 }  // namespace KyMath
 
+#ifdef KYMATH_INLINE
+#include <KyMath/inline/Transformation.h>
+#endif
+
 #endif

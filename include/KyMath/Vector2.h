@@ -112,6 +112,12 @@ private:
     T v_[2];  // x, y
 };
 
+#ifdef KYMATH_INLINE
+}  // namespace KyMath
+#include <KyMath/inline/Vector2.h>
+namespace KyMath {
+#endif
+
 template <>
 const Vector2T<float> Vector2T<float>::kZero;
 template <>

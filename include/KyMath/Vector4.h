@@ -139,6 +139,12 @@ private:
     T v_[4];  // x, y, z, w
 };
 
+#ifdef KYMATH_INLINE
+}  // namespace KyMath
+#include <KyMath/inline/Vector4.h>
+namespace KyMath {
+#endif
+
 extern template class Vector4T<float>;
 extern template class Vector4T<double>;
 

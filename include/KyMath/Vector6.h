@@ -53,4 +53,8 @@ KY_STREAMS KY_API std::ostream& operator<<(std::ostream& os, const Vector6& v);
 
 }  // namespace KyMath
 
+#ifdef KYMATH_INLINE
+#include <KyMath/inline/Vector6.h>
+#endif
+
 #endif

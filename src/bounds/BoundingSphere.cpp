@@ -1,44 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The KyMath authors
 // SPDX-License-Identifier: Apache-2.0
 #include <KyMath/BoundingSphere.h>
+#include <KyMath/inline/BoundingSphere.h>
 
 #include <KyMath/BoundingBox.h>
 
 #include "internal/Components.h"
 
-#include <cmath>
-
 namespace KyMath {
-
-BoundingSphere::BoundingSphere() : radius_(-1) {}
-
-BoundingSphere::BoundingSphere(const Vector3T<double>& center, double radius)
-    : center_(center), radius_(radius) {}
-
-void BoundingSphere::init() {
-    *this = BoundingSphere();
-}
-
-void BoundingSphere::set(const Vector3T<double>& center, double radius) {
-    center_ = center;
-    radius_ = radius;
-}
-
-const Vector3T<double>& BoundingSphere::center() const {
-    return center_;
-}
-Vector3T<double>& BoundingSphere::center() {
-    return center_;
-}
-double BoundingSphere::radius() const {
-    return radius_;
-}
-double& BoundingSphere::radius() {
-    return radius_;
-}
-bool BoundingSphere::valid() const {
-    return radius_ >= 0;
-}
 
 void BoundingSphere::expandBy(const Vector3T<double>& p) {
     if (!valid()) {

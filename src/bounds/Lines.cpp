@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The KyMath authors
 // SPDX-License-Identifier: Apache-2.0
 #include <KyMath/Lines.h>
+#include <KyMath/inline/Lines.h>
 
 #include "internal/Components.h"
 
@@ -10,9 +11,6 @@
 namespace KyMath {
 
 namespace {
-
-/// Divisors (squared lengths and products of them) must exceed this.
-constexpr double kTolerance = 1e-7;
 
 Vector3d pointAt(const Line3& line, double t) {
     return line.p2 * t + line.p1 * (1 - t);
@@ -40,22 +38,6 @@ double clamp(double t) {
 
 }  // namespace
 
-Line3::Line3() = default;
-Line3::Line3(const Vector3d& first, const Vector3d& second) : p1(first), p2(second) {}
-
-bool Line3::isValid() const {
-    return p1 != p2;
-}
-bool Line3::isParallel(const Line3& line) const {
-    return kTolerance > std::abs((p2 - p1).cross(line.p2 - line.p1).normSquare());
-}
-
-double Line3::closestPointFactor(const Vector3d& q) const {
-    const Vector3d d = p2 - p1;
-    const double square = d.normSquare();
-    if (!(std::abs(square) > kTolerance)) return 0;
-    return d * (q - p1) / square;
-}
 double Line3::closestPointFactor(const Line3& line) const {
     const Vector3d d1 = p2 - p1;
     const Vector3d d2 = line.p2 - line.p1;
@@ -64,7 +46,7 @@ double Line3::closestPointFactor(const Line3& line) const {
     const double b = d1 * d2;
     const double c = d2 * d2;
     const double denominator = a * c - b * b;
-    if (!(std::abs(denominator) > kTolerance)) return 0;
+    if (!(std::abs(denominator) > internal::lineTolerance())) return 0;
     return w * ((d2 * b - d1 * c) / denominator);
 }
 
@@ -94,7 +76,7 @@ double Line3::distanceTo(const Vector3d& center, double radius, int* count, Vect
     const double gap = distance - radius;
     if (distance > radius) {
         *count = 0;
-    } else if (kTolerance > std::abs(gap)) {
+    } else if (internal::lineTolerance() > std::abs(gap)) {
         *count = 1;
     } else {
         *count = 2;
@@ -105,9 +87,6 @@ double Line3::distanceTo(const Vector3d& center, double radius, int* count, Vect
     }
     return gap;
 }
-
-Segment3::Segment3() = default;
-Segment3::Segment3(const Vector3d& first, const Vector3d& second) : Line3(first, second) {}
 
 double Segment3::closestPointFactor(const Vector3d& q) const {
     return Line3::closestPointFactor(q);

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The KyMath authors
 // SPDX-License-Identifier: Apache-2.0
 #include <KyMath/Polytope.h>
+#include <KyMath/inline/Polytope.h>
 
 #include <KyMath/BoundingBox.h>
 #include <KyMath/Matrix.h>
@@ -85,9 +86,6 @@ void Polytope::setToBoundingBox(const BoundingBoxT<double>& box) {
     planes_.emplace_back(0.0, 0.0, -1.0, box.zMax());
     setupMask();
 }
-const Planes& Polytope::getPlanes() const {
-    return planes_;
-}
 
 // Deliberate: every change of the planes pushes a mask and removes none. Only the top of the stack
 // is ever read. Pinned by PolytopeTest.EveryChangePushesAFullMask.
@@ -96,18 +94,6 @@ void Polytope::setupMask() {
     const unsigned int all = n < internal::kMaskBits ? (1u << n) - 1 : ~0u;
     maskStack_.push_back(all);
     currentMask_ = all;
-}
-void Polytope::pushCurrentMask() {
-    maskStack_.push_back(currentMask_);
-}
-void Polytope::popCurrentMask() {
-    maskStack_.pop_back();
-}
-unsigned int Polytope::getCurrentMask() const {
-    return currentMask_;
-}
-const std::vector<unsigned int>& Polytope::getMaskStack() const {
-    return maskStack_;
 }
 
 bool Polytope::contains(const BoundingBoxT<double>& box) {

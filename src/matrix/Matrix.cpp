@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The KyMath authors
 // SPDX-License-Identifier: Apache-2.0
 #include <KyMath/Matrix.h>
+#include <KyMath/inline/Matrix.h>
 
 #include "internal/Components.h"
 #include "lanes/Kernels.h"
@@ -24,78 +25,9 @@ KY_EARLY_CONSTANT const Matrix44T<double> Matrix44T<double>::kIdentity(1, 0, 0, 
                                                                        1, 0, 0, 0, 0, 1);
 
 template <class T>
-Matrix44T<T>::Matrix44T() : v_{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1} {}
-
-template <class T>
-Matrix44T<T>::Matrix44T(T a0, T a1, T a2, T a3, T a4, T a5, T a6, T a7, T a8, T a9, T a10, T a11,
-                        T a12, T a13, T a14, T a15)
-    : v_{a0, a1, a2, a3, a4, a5, a6, a7, a8, a9, a10, a11, a12, a13, a14, a15} {}
-
-template <class T>
-Matrix44T<T>::Matrix44T(const T* p) {
-    internal::copy(v_, p);
-}
-
-template <class T>
-Matrix44T<T>::Matrix44T(const T (*p)[4]) {
-    for (int c = 0; c < 4; ++c) {
-        for (int r = 0; r < 4; ++r) v_[4 * c + r] = p[c][r];
-    }
-}
-
-template <class T>
-Matrix44T<T>::Matrix44T(const Vector4T<T>& c0, const Vector4T<T>& c1, const Vector4T<T>& c2,
-                        const Vector4T<T>& c3)
-    : v_{c0[0], c0[1], c0[2], c0[3], c1[0], c1[1], c1[2], c1[3],
-         c2[0], c2[1], c2[2], c2[3], c3[0], c3[1], c3[2], c3[3]} {}
-
-template <class T>
 Matrix44T<T>::Matrix44T(const double (*s)[3])
     : v_{T(s[0][0]), T(s[0][1]), T(s[0][2]), 0, T(s[1][0]), T(s[1][1]), T(s[1][2]), 0,
          T(s[2][0]), T(s[2][1]), T(s[2][2]), 0, 0,          0,          0,          1} {}
-
-template <class T>
-Matrix44T<T>::Matrix44T(const Matrix44T& m) {
-    internal::copy(v_, m.v_);
-}
-
-template <class T>
-Matrix44T<T>& Matrix44T<T>::operator=(const Matrix44T& m) {
-    internal::copy(v_, m.v_);
-    return *this;
-}
-
-template <class T>
-T& Matrix44T<T>::operator()(unsigned long r, unsigned long c) {
-    return v_[4 * c + r];
-}
-template <class T>
-T Matrix44T<T>::operator()(unsigned long r, unsigned long c) const {
-    return v_[4 * c + r];
-}
-
-KY_DEFINE_COLUMN_SUBSCRIPTS(template <class T>, Matrix44T<T>, T)
-
-template <class T>
-Vector4T<T> Matrix44T<T>::row(unsigned long r) const {
-    return Vector4T<T>(v_[r], v_[r + 4], v_[r + 8], v_[r + 12]);
-}
-template <class T>
-T* Matrix44T<T>::column(unsigned long c) {
-    return v_ + 4 * c;
-}
-template <class T>
-Vector4T<T> Matrix44T<T>::column(unsigned long c) const {
-    return Vector4T<T>(v_ + 4 * c);
-}
-template <class T>
-Matrix44T<T>::operator T*() {
-    return v_;
-}
-template <class T>
-Matrix44T<T>::operator const T*() const {
-    return v_;
-}
 
 namespace {
 
@@ -130,24 +62,12 @@ Matrix44T<T>::operator const Ky::KyReal4*() const {
 }
 
 template <class T>
-bool Matrix44T<T>::operator==(const Matrix44T& m) const {
-    return internal::equal(v_, m.v_);
-}
-template <class T>
-bool Matrix44T<T>::operator!=(const Matrix44T& m) const {
-    return !(*this == m);
-}
-template <class T>
 bool Matrix44T<T>::isEqual(const Matrix44T& m, T tol) const {
     return internal::areEqualTol(v_, m.v_, double(tol));
 }
 template <class T>
 bool Matrix44T<T>::areEqualTol(const Matrix44T& a, const Matrix44T& b, double tol) {
     return a.isEqual(b, T(tol));
-}
-template <class T>
-bool Matrix44T<T>::isFinite() const {
-    return internal::isFinite(v_);
 }
 
 template <class T>
@@ -158,29 +78,6 @@ Matrix44T<T> Matrix44T<T>::multiply(const Matrix44T& a, const Matrix44T& b) {
     Matrix44T m{Unset()};
     KY_KERNEL(matrixProduct(m.v_, a.v_, b.v_));
     return m;
-}
-template <class T>
-Matrix44T<T> Matrix44T<T>::multiply(const Matrix44T& m, T s) {
-    return Matrix44T(m) *= s;
-}
-template <class T>
-Matrix44T<T> Matrix44T<T>::divide(const Matrix44T& m, T s) {
-    return Matrix44T(m) /= s;
-}
-template <class T>
-Vector4T<T> Matrix44T<T>::multiplyWithVector(const Matrix44T& m, const Vector4T<T>& v) {
-    T p[4];
-    internal::store(p, internal::times4(internal::loadColumns(m.v_), v, v[3]));
-    return Vector4T<T>(p);
-}
-template <class T>
-Matrix44T<T>& Matrix44T<T>::operator*=(T s) {
-    internal::scale(v_, s);
-    return *this;
-}
-template <class T>
-Matrix44T<T>& Matrix44T<T>::operator/=(T s) {
-    return *this *= 1 / s;
 }
 template <class T>
 Matrix44T<T>& Matrix44T<T>::transpose() {

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The KyMath authors
 // SPDX-License-Identifier: Apache-2.0
 #include <KyMath/Quaternion.h>
+#include <KyMath/inline/Quaternion.h>
 
 #include <Ky/Tolerance.h>
 
@@ -22,15 +23,6 @@ template <>
 KY_EARLY_CONSTANT const QuaternionT<double> QuaternionT<double>::kIdentity(0, 0, 0, 1);
 
 template <class T>
-QuaternionT<T>::QuaternionT() : v_{1, 0, 0, 0} {}
-
-template <class T>
-QuaternionT<T>::QuaternionT(T w, T x, T y, T z) : v_{w, x, y, z} {}
-
-template <class T>
-QuaternionT<T>::QuaternionT(const T* a) : v_{a[0], a[1], a[2], a[3]} {}
-
-template <class T>
 QuaternionT<T>::QuaternionT(const Vector3T<T>& axis, const T& angle) {
     Vector3T<T> unit(axis);
     unit.normalize();
@@ -38,106 +30,8 @@ QuaternionT<T>::QuaternionT(const Vector3T<T>& axis, const T& angle) {
 }
 
 template <class T>
-QuaternionT<T>& QuaternionT<T>::operator=(const QuaternionT& q) {
-    internal::copy(v_, q.v_);
-    return *this;
-}
-template <class T>
-QuaternionT<T>& QuaternionT<T>::operator=(const T* a) {
-    internal::copy(v_, a);
-    return *this;
-}
-template <class T>
-void QuaternionT<T>::set(T w, T x, T y, T z) {
-    v_[0] = w;
-    v_[1] = x;
-    v_[2] = y;
-    v_[3] = z;
-}
-
-template <class T>
-void QuaternionT<T>::get(T* w, T* x, T* y, T* z) const {
-    const QuaternionT q(*this);  // the outputs may be this quaternion's own components
-    *w = q.v_[0];
-    *x = q.v_[1];
-    *y = q.v_[2];
-    *z = q.v_[3];
-}
-template <class T>
-void QuaternionT<T>::get(T* a) const {
-    for (int i = 0; i < 4; ++i) a[i] = v_[i];
-}
-template <class T>
-void QuaternionT<T>::get(QuaternionT& q) const {
-    q = *this;
-}
-template <class T>
-T QuaternionT<T>::w() const {
-    return v_[0];
-}
-template <class T>
-T QuaternionT<T>::x() const {
-    return v_[1];
-}
-template <class T>
-T QuaternionT<T>::y() const {
-    return v_[2];
-}
-template <class T>
-T QuaternionT<T>::z() const {
-    return v_[3];
-}
-
-KY_DEFINE_SUBSCRIPTS(QuaternionT)
-
-template <class T>
-QuaternionT<T>::operator T*() {
-    return v_;
-}
-template <class T>
-QuaternionT<T>::operator const T*() const {
-    return v_;
-}
-
-template <class T>
-bool QuaternionT<T>::operator==(const QuaternionT& q) const {
-    return internal::equal(v_, q.v_);
-}
-template <class T>
-bool QuaternionT<T>::operator!=(const QuaternionT& q) const {
-    return !(*this == q);
-}
-template <class T>
 bool QuaternionT<T>::areEqualTol(const QuaternionT& a, const QuaternionT& b, T tol) {
     return internal::areEqualTol(a.v_, b.v_, tol);
-}
-
-template <class T>
-QuaternionT<T>& QuaternionT<T>::operator+=(const QuaternionT& q) {
-    internal::add(v_, q.v_);
-    return *this;
-}
-template <class T>
-QuaternionT<T> QuaternionT<T>::operator+(const QuaternionT& q) const {
-    return QuaternionT(*this) += q;
-}
-template <class T>
-QuaternionT<T>& QuaternionT<T>::operator-=(const QuaternionT& q) {
-    internal::subtract(v_, q.v_);
-    return *this;
-}
-template <class T>
-QuaternionT<T> QuaternionT<T>::operator-(const QuaternionT& q) const {
-    return QuaternionT(*this) -= q;
-}
-template <class T>
-QuaternionT<T>& QuaternionT<T>::operator*=(const T& s) {
-    internal::scale(v_, T(s));  // a copy: s may be one of the components
-    return *this;
-}
-template <class T>
-QuaternionT<T> QuaternionT<T>::operator*(const T& s) const {
-    return QuaternionT(*this) *= s;
 }
 
 namespace {
@@ -164,14 +58,6 @@ QuaternionT<T> QuaternionT<T>::operator/(const T& s) const {
     if (!isDivisor(s)) return QuaternionT();
     return QuaternionT(v_[0] / s, v_[1] / s, v_[2] / s, v_[3] / s);
 }
-template <class T>
-T QuaternionT<T>::dot(const QuaternionT& q) const {
-    return internal::dot(v_, q.v_);
-}
-template <class T>
-T QuaternionT<T>::norm() const {
-    return std::sqrt(internal::dot(v_, v_));
-}
 
 namespace {
 
@@ -195,45 +81,6 @@ QuaternionT<T> QuaternionT<T>::operator*(const QuaternionT& q) const {
     QuaternionT product(*this);
     assignProduct(product.v_, v_, q.v_);
     return product;
-}
-template <class T>
-void QuaternionT<T>::invert() {
-    for (int i = 1; i < 4; ++i) v_[i] = -v_[i];
-}
-template <class T>
-void QuaternionT<T>::setInverse(const QuaternionT& q) {
-    *this = q;
-    invert();
-}
-template <class T>
-QuaternionT<T> QuaternionT<T>::getInverse() const {
-    QuaternionT q(*this);
-    q.invert();
-    return q;
-}
-
-template <class T>
-Vector3T<T> QuaternionT<T>::rotate(const Vector3T<T>& v) const {
-    const T w = v_[0];
-    const Vector3T<T> u(v_ + 1);
-    return v * (w * w - u * u) + u * (2 * (u * v)) + u.cross(v) * (2 * w);
-}
-template <class T>
-Vector3T<T> QuaternionT<T>::operator*(const Vector3T<T>& v) const {
-    return rotate(v);
-}
-
-template <class T>
-void QuaternionT<T>::normalize() {
-    const T square = internal::dot(v_, v_);
-    if (square == 1) return;
-    // Deliberate: the squared length, not the length, is compared with the threshold. Pinned by
-    // QuaternionTest.NormalizeComparesTheSquaredLength.
-    if (std::abs(square) <= Ky::KY_SMALL_REAL<T>::epsilon) {
-        *this = QuaternionT();
-    } else {
-        internal::scale(v_, 1 / std::sqrt(square));
-    }
 }
 
 template <class T>

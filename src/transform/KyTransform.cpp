@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The KyMath authors
 // SPDX-License-Identifier: Apache-2.0
 #include <Ky/KyTransform.h>
+#include <KyMath/inline/KyTransform.h>
 
 #include <Ky/KyEulerAngles.h>
 #include <KyMath/Matrix.h>
@@ -19,13 +20,6 @@ using KyMath::Vector3d;
 KY_EARLY_CONSTANT const KyTransform KyTransform::kIdentity(1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0,
                                                            0, 1);
 
-KyTransform::KyTransform() : v_{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1} {}
-
-KyTransform::KyTransform(double a0, double a1, double a2, double a3, double a4, double a5,
-                         double a6, double a7, double a8, double a9, double a10, double a11,
-                         double a12, double a13, double a14, double a15)
-    : v_{a0, a1, a2, a3, a4, a5, a6, a7, a8, a9, a10, a11, a12, a13, a14, a15} {}
-
 KyTransform::KyTransform(const Matrix44d& m) {
     set(m);
 }
@@ -39,58 +33,13 @@ KyTransform KyTransform::createIdentity() {
     return kIdentity;
 }
 
-void KyTransform::set(const float* a) {
-    for (int i = 0; i < 16; ++i) v_[i] = double(a[i]);
-}
-void KyTransform::set(const double* a) {
-    KyMath::internal::copy(v_, a);
-}
-void KyTransform::set(const double (*a)[4]) {
-    for (int c = 0; c < 4; ++c) {
-        for (int r = 0; r < 4; ++r) v_[4 * c + r] = a[c][r];
-    }
-}
 void KyTransform::set(const Matrix44d& m) {
     const double* const a = m;
     set(a);
 }
 
-double& KyTransform::operator()(unsigned long r, unsigned long c) {
-    return v_[4 * c + r];
-}
-double KyTransform::operator()(unsigned long r, unsigned long c) const {
-    return v_[4 * c + r];
-}
-
-KY_DEFINE_COLUMN_SUBSCRIPTS(, KyTransform, double)
-
-KyTransform::operator double*() {
-    return v_;
-}
-KyTransform::operator const double*() const {
-    return v_;
-}
-KyTransform::operator KyReal4*() {
-    return reinterpret_cast<KyReal4*>(v_);
-}
-KyTransform::operator const KyReal4*() const {
-    return reinterpret_cast<const KyReal4*>(v_);
-}
 Matrix44d KyTransform::toMatrix44() const {
     return Matrix44d(v_);
-}
-Vector3d KyTransform::getTranslation() const {
-    return Vector3d(v_ + 12);
-}
-void KyTransform::setTranslation(const Vector3d& t) {
-    Vector3d::set(v_ + 12, t);
-}
-
-bool KyTransform::operator==(const KyTransform& t) const {
-    return KyMath::internal::equal(v_, t.v_);
-}
-bool KyTransform::operator!=(const KyTransform& t) const {
-    return !(*this == t);
 }
 
 bool KyTransform::isIdentity(double tol) const {
@@ -222,16 +171,6 @@ void KyTransform::toQuaternion(Quaterniond& q) const {
         for (int r = 0; r < 3; ++r) squares += v_[4 * c + r] * v_[4 * c + r];
     }
     q = KyMath::internal::rotationToQuaternion(v_, squares);
-}
-
-Vector3d KyTransform::transformPoint(const Vector3d& p) const {
-    return transformDirection(p) + getTranslation();
-}
-Vector3d KyTransform::transformDirection(const Vector3d& d) const {
-    using KyMath::internal::rowTimes3;
-    const double* const v = d;
-    return Vector3d(rowTimes3(v_, 0, v[0], v[1], v[2]), rowTimes3(v_, 1, v[0], v[1], v[2]),
-                    rowTimes3(v_, 2, v[0], v[1], v[2]));
 }
 
 KyTransform& KyTransform::compound(const KyTransform& a, const KyTransform& b) {

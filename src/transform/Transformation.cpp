@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The KyMath authors
 // SPDX-License-Identifier: Apache-2.0
 #include <KyMath/Transformation.h>
+#include <KyMath/inline/Transformation.h>
 
 #include "internal/Libm.h"
 #include "lanes/Lanes.h"
@@ -108,11 +109,6 @@ Matrix44T<T> createCameraLookAtT(const Vector3T<T>& position, const Vector3T<T>&
 }
 
 template <class T>
-Vector3T<T> getTranslationT(const Matrix44T<T>& m) {
-    return Vector3T<T>(m(0, 3), m(1, 3), m(2, 3));
-}
-
-template <class T>
 Vector3T<T> getScaleT(const Matrix44T<T>& m) {
     return Vector3T<T>(m.column(0).length(), m.column(1).length(), m.column(2).length());
 }
@@ -201,13 +197,6 @@ Matrix44T<T> composeT(const Vector3T<T>& scale, const Vector3T<T>& rotation,
     setTranslationT(m, translation);
     scaleColumns(m, scale * sign);
     return m;
-}
-
-template <class T>
-void setTranslationT(Matrix44T<T>& m, const Vector3T<T>& t) {
-    m(0, 3) = t.x();
-    m(1, 3) = t.y();
-    m(2, 3) = t.z();
 }
 
 template <class T>

@@ -7,14 +7,15 @@
 namespace Ky {
 
 template <>
-const float KY_SMALL_REAL<float>::epsilon = 1e-6f;
+const float KY_SMALL_REAL<float>::epsilon = KyMath::internal::smallReal<float>();
 
 // Deliberate: the float literal widened, 9.9999998245167004e-15, not the double 1e-14. A value of
 // 1e-14 is not within epsilon of zero. Pinned by
 // ToleranceTest.EpsilonsAreFloatLiterals.
 template <>
-const double KY_SMALL_REAL<double>::epsilon = static_cast<double>(1e-14f);
-static_assert(static_cast<double>(1e-14f) < 1e-14, "the comment above describes this value");
+const double KY_SMALL_REAL<double>::epsilon = KyMath::internal::smallReal<double>();
+static_assert(KyMath::internal::smallReal<double>() < 1e-14,
+              "the comment above describes this value");
 
 template <>
 bool KY_ARE_EQUAL<double>(double a, double b) {

@@ -29,6 +29,25 @@ KY_HELPER float magnitude(float x) {
 KY_HELPER double magnitude(double x) {
     return __builtin_fabs(x);
 }
+/// As std::min and std::max, also where a value is NaN.
+template <class T>
+KY_HELPER T smaller(T a, T b) {
+    return b < a ? b : a;
+}
+template <class T>
+KY_HELPER T larger(T a, T b) {
+    return a < b ? b : a;
+}
+/// Ky::KY_SMALL_REAL<T>::epsilon
+template <class T>
+KY_HELPER constexpr T smallReal() {
+    return sizeof(T) == sizeof(float) ? T(1e-6f) : T(1e-14f);
+}
+/// The machine epsilon.
+template <class T>
+KY_HELPER constexpr T epsilon() {
+    return sizeof(T) == sizeof(float) ? T(__FLT_EPSILON__) : T(__DBL_EPSILON__);
+}
 /// The largest finite value.
 template <class T>
 KY_HELPER constexpr T largest() {
@@ -148,17 +167,17 @@ KY_EXACT_END
     KY_DEFINE_SUBSCRIPT(Class, unsigned long)
 
 /// Subscripts of a class with a matrix in v_, column by column: a pointer to column c.
-#define KY_DEFINE_COLUMN_SUBSCRIPT(Template, Class, T, Index) \
-    Template T* Class::operator[](Index c) {                  \
-        return v_ + 4 * c;                                    \
-    }                                                         \
-    Template const T* Class::operator[](Index c) const {      \
-        return v_ + 4 * c;                                    \
+#define KY_DEFINE_COLUMN_SUBSCRIPT(Prefix, Class, T, Index) \
+    Prefix T* Class::operator[](Index c) {                  \
+        return v_ + 4 * c;                                  \
+    }                                                       \
+    Prefix const T* Class::operator[](Index c) const {      \
+        return v_ + 4 * c;                                  \
     }
-#define KY_DEFINE_COLUMN_SUBSCRIPTS(Template, Class, T)          \
-    KY_DEFINE_COLUMN_SUBSCRIPT(Template, Class, T, int)          \
-    KY_DEFINE_COLUMN_SUBSCRIPT(Template, Class, T, unsigned int) \
-    KY_DEFINE_COLUMN_SUBSCRIPT(Template, Class, T, long)         \
-    KY_DEFINE_COLUMN_SUBSCRIPT(Template, Class, T, unsigned long)
+#define KY_DEFINE_COLUMN_SUBSCRIPTS(Prefix, Class, T)          \
+    KY_DEFINE_COLUMN_SUBSCRIPT(Prefix, Class, T, int)          \
+    KY_DEFINE_COLUMN_SUBSCRIPT(Prefix, Class, T, unsigned int) \
+    KY_DEFINE_COLUMN_SUBSCRIPT(Prefix, Class, T, long)         \
+    KY_DEFINE_COLUMN_SUBSCRIPT(Prefix, Class, T, unsigned long)
 
 #endif

@@ -53,6 +53,14 @@
 #define KY_INLINE_ARITHMETIC 1
 #endif
 
+// Whether standard containers of this compilation are those of the library: see Ky/Export.h.
+#if defined(_LIBCPP_VERSION) == defined(KY_LIBCPP_VERSION) && \
+    defined(_GLIBCXX_DEBUG) == defined(KY_GLIBCXX_DEBUG)
+#define KY_SAME_CONTAINERS 1
+#else
+#define KY_SAME_CONTAINERS 0
+#endif
+
 // Around all definitions. Clang has no macro for some flags that change arithmetic, but pragmas
 // that undo them.
 #if defined(KYMATH_INLINE) && defined(__clang__)
