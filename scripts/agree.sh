@@ -64,7 +64,9 @@ for build in "${builds[@]}"; do
 done
 
 dir=$out/${builds[0]// /}
-for flags in "-O3 -march=${marches[-1]} -ffp-contract=fast" -O0 "-O2 -ffast-math"; do
+clients=("-O3 -march=${marches[-1]} -ffp-contract=fast -ffast-math") # all at once
+[[ ${1:-} == --quick ]] || clients=("${clients[0]% *}" -O0 "-O2 -ffast-math")
+for flags in "${clients[@]}"; do
     for compiler in g++ clang++; do
         # Without -ffast-math when linking, which would change the mode of the processor.
         $compiler -std=c++17 $flags "-I$root/include" -c "$root/tests/functions/Functions.cpp" \

@@ -14,7 +14,7 @@ programs=("kymath_tests_static --gtest_brief=1" kymath_functions_Static) # with 
 
 prepare library tests coverage
 cmake -S "$root" -B "$build" -G Ninja --log-level=WARNING -DCMAKE_CXX_COMPILER=clang++-19 \
-    -DCMAKE_BUILD_TYPE=Debug "-DCMAKE_RUNTIME_OUTPUT_DIRECTORY=$build/bin" -DKYMATH_EXAMPLES=OFF \
+    -DCMAKE_BUILD_TYPE=None "-DCMAKE_RUNTIME_OUTPUT_DIRECTORY=$build/bin" -DKYMATH_EXAMPLES=OFF \
     -DCMAKE_CXX_FLAGS="-fprofile-instr-generate -fcoverage-mapping -fcoverage-mcdc"
 cmake --build "$build" --target KyMath "${programs[@]%% *}"
 rm -f "$build"/*.profraw
