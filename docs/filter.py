@@ -65,6 +65,7 @@ FAMILIES = {
     "Bounds and lines": "BoundingBox BoundingSphere Plane Polytope Frustum Lines Rays",
     "Curves": "Curves",
     "Arrays": "Batch",
+    "Conversions": "Convert",
     "Tolerances": "Tolerance",
 }
 DELETED = r"(^ *///(?! ?@).*\n)*(^ *template <.*>\n)?^ *(?=[^/\s])[^;{}]*= delete;.*\n(^ *///<.*\n)*"

@@ -7,6 +7,7 @@
 #include <KyMath/Batch.h>
 #include <KyMath/BoundingBox.h>
 #include <KyMath/BoundingSphere.h>
+#include <KyMath/Convert.h>
 #include <KyMath/Curves.h>
 #include <KyMath/Frustum.h>
 #include <KyMath/Lines.h>

@@ -526,6 +526,24 @@ std::vector<Function> functions() {
     batch::add<float>(table);
     batch::add<double>(table);
     batch::addDouble(table);
+    using Ky::KyTransform;
+    table.add(
+        "bounds", "Convert", 1, FREE(Vector2f, toFloat, (const Vector2d&)),
+        FREE(Vector3f, toFloat, (const Vector3d&)), FREE(Vector4f, toFloat, (const Vector4d&)),
+        FREE(Quaternionf, toFloat, (const Quaterniond&)),
+        FREE(Matrix44f, toFloat, (const Matrix44d&)),
+        FREE(Matrix44f, toFloat, (const KyTransform&)),
+        FREE(BoundingBoxf, toFloat, (const BoundingBoxd&)), FREE(Planef, toFloat, (const Planed&)),
+        FREE(Vector2d, toDouble, (const Vector2f&)), FREE(Vector3d, toDouble, (const Vector3f&)),
+        FREE(Vector4d, toDouble, (const Vector4f&)),
+        FREE(Quaterniond, toDouble, (const Quaternionf&)),
+        FREE(Matrix44d, toDouble, (const Matrix44f&)),
+        FREE(BoundingBoxd, toDouble, (const BoundingBoxf&)),
+        FREE(Planed, toDouble, (const Planef&)),
+        FREE(KyTransform, toTransform, (const Vector3d&, const Quaterniond&)),
+        FREE(Quaterniond, toQuaternion, (const KyTransform&)),
+        FREE(KyTransform, inverseOf, (const KyTransform&)),
+        FREE(Polytope, toPolytope, (const Frustum&)));
     table.add("bounds", "Rays", 1,
               FREE_AS(bool, Rays::intersect, "::intersect",
                       (const Vector3d&, const Vector3d&, const BoundingSphere&, double*, double*)));
