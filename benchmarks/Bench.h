@@ -11,6 +11,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <memory>
 #include <new>
 #include <random>
 #include <string>
@@ -259,6 +260,35 @@ void peer(const std::string& operation, const std::string& who, F f) {
     add(name<T>(operation, who), f);
 }
 
+/// Adds an operation on arrays of kCount elements, which writes its results to an array of Out.
+template <class T, class Out, class F>
+void array(const std::string& operation, const std::string& who, F f) {
+    const auto out = std::make_shared<std::vector<Out>>(kCount);
+    addWhole(
+        name<T>("array: " + operation, who),
+        [f, out] {
+            f(out->data());
+            return out->data();
+        },
+        kCount);
+}
+
+/// Adds the loop over arrays that users of another library write.
+template <class T, class F>
+void peerLoop(const std::string& operation, const std::string& who, F f) {
+    using Out = std::decay_t<decltype(f(0))>;
+    array<T, Out>(operation, who, [f](Out* out) {
+        for (std::size_t i = 0; i < kCount; ++i) out[i] = f(i);
+    });
+}
+
+/// Adds one operation of another library, and the loop over arrays.
+template <class T, class F>
+void peerAndLoop(const std::string& operation, const std::string& who, F f) {
+    peer<T>(operation, who, f);
+    peerLoop<T>(operation, who, f);
+}
+
 }  // namespace bench
 
 /// @name The usual form of an operation: an expression of the input's index i
@@ -269,6 +299,10 @@ void peer(const std::string& operation, const std::string& who, F f) {
         [=](std::size_t i) { return limit; })
 #define KY_PEER(T, operation, who, expression) \
     bench::peer<T>(operation, #who, [=](std::size_t i) { return expression; })
+#define KY_PEER_LOOP(T, operation, who, expression) \
+    bench::peerLoop<T>(operation, #who, [=](std::size_t i) { return expression; })
+#define KY_PEER_AND_LOOP(T, operation, who, expression) \
+    bench::peerAndLoop<T>(operation, #who, [=](std::size_t i) { return expression; })
 /// @}
 
 /// Each family of operations has two sources: one for the library, one for the others.
@@ -277,6 +311,7 @@ void addMatrices();
 void addRotations();
 void addBounds();
 void addCulling();
+void addArrays();
 void addLoops();
 
 #endif

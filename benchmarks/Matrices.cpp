@@ -39,7 +39,15 @@ Values<T, 4> byVector(const M<T>& m, const T* v, T w) {
 
 template <class T>
 V<T> divided(const Values<T, 4>& h) {
-    return {h.v[0] / h.v[3], h.v[1] / h.v[3], h.v[2] / h.v[3]};
+    typename Lanes<T>::Type p;
+    std::memcpy(&p, h.v, sizeof p);
+    p /= h.v[3];
+    return {p[0], p[1], p[2]};
+}
+
+template <class T>
+V<T> xyz(const Values<T, 4>& h) {
+    return {h.v[0], h.v[1], h.v[2]};
 }
 
 /// Column c of the adjugate holds minors of the rows other than c; lane k holds the one without
@@ -104,6 +112,8 @@ void addAll() {
             byVector(la[i], lp[i].v, lp[i].v[3]));
     KY_OURS(T, "point with divide", KyMath::Transformation::transformPositionT(a[i], p3[i]),
             divided(byVector(la[i], lp3[i].v, T(1))));
+    KY_OURS(T, "direction", KyMath::Transformation::transformDirectionT(a[i], p3[i]),
+            xyz(byVector(la[i], lp3[i].v, T(0))));
     KY_OURS(T, "general inverse", a[i].inverse(), inverse(la[i]));
     KY_OURS(T, "rigid inverse", t[i].inverse_orthogonal(), rigidInverse(lt[i]));
     KY_OURS(T, "determinant", a[i].determinant(), determinant(la[i]));

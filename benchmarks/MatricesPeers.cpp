@@ -19,13 +19,14 @@ void addAll() {
     const auto* const et = load<Rigid>(rigid);
     const auto* const ep = load<E4>(points);
     const auto* const ep3 = load<E3>(points);
-    KY_PEER(T, "matrix product", Eigen, E(ea[i] * eb[i]));
+    KY_PEER_AND_LOOP(T, "matrix product", Eigen, E(ea[i] * eb[i]));
     KY_PEER(T, "matrix by vector", Eigen, E4(ea[i] * ep[i]));
     peer<T>("point with divide", "Eigen", [=](std::size_t i) {
         const E4 h = ea[i] * ep3[i].homogeneous();
         return E3(h.hnormalized());
     });
-    KY_PEER(T, "general inverse", Eigen, E(ea[i].inverse()));
+    KY_PEER(T, "direction", Eigen, E3(ea[i].template topLeftCorner<3, 3>() * ep3[i]));
+    KY_PEER_AND_LOOP(T, "general inverse", Eigen, E(ea[i].inverse()));
     KY_PEER(T, "rigid inverse", Eigen, Rigid(et[i].inverse()));
     KY_PEER(T, "determinant", Eigen, ea[i].determinant());
 
@@ -36,13 +37,14 @@ void addAll() {
     const auto* const gb = load<G>(others);
     const auto* const gp = load<G4>(points);
     const auto* const gp3 = load<G3>(points);
-    KY_PEER(T, "matrix product", GLM, ga[i] * gb[i]);
+    KY_PEER_AND_LOOP(T, "matrix product", GLM, ga[i] * gb[i]);
     KY_PEER(T, "matrix by vector", GLM, ga[i] * gp[i]);
     peer<T>("point with divide", "GLM", [=](std::size_t i) {
         const G4 h = ga[i] * G4(gp3[i], T(1));
         return G3(h) / h.w;
     });
-    KY_PEER(T, "general inverse", GLM, glm::inverse(ga[i]));
+    KY_PEER(T, "direction", GLM, (glm::mat<3, 3, T>(ga[i]) * gp3[i]));
+    KY_PEER_AND_LOOP(T, "general inverse", GLM, glm::inverse(ga[i]));
     KY_PEER(T, "determinant", GLM, glm::determinant(ga[i]));
 
     using I = Imath::Matrix44<T>;
@@ -51,14 +53,19 @@ void addAll() {
     const auto* const ib = load<I>(others);
     const auto* const ip = load<Imath::Vec4<T>>(points);
     const auto* const ip3 = load<I3>(points);
-    KY_PEER(T, "matrix product", Imath, ia[i] * ib[i]);
+    KY_PEER_AND_LOOP(T, "matrix product", Imath, ia[i] * ib[i]);
     KY_PEER(T, "matrix by vector", Imath, ip[i] * ia[i]);
     peer<T>("point with divide", "Imath", [=](std::size_t i) {
         I3 p;
         ia[i].multVecMatrix(ip3[i], p);
         return p;
     });
-    KY_PEER(T, "general inverse", Imath, ia[i].inverse());
+    peer<T>("direction", "Imath", [=](std::size_t i) {
+        I3 p;
+        ia[i].multDirMatrix(ip3[i], p);
+        return p;
+    });
+    KY_PEER_AND_LOOP(T, "general inverse", Imath, ia[i].inverse());
     KY_PEER(T, "determinant", Imath, ia[i].determinant());
 
     if constexpr (std::is_same_v<T, double>) {

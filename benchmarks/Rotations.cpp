@@ -122,8 +122,10 @@ Q<T> slerp(const Q<T>& p, Q<T> q, T t) {
 
 template <class T>
 M<T> quaternionToMatrix(const Q<T>& q) {
-    const T norm = std::sqrt(dot(q, q));
-    const T w = q.v[0] / norm, x = q.v[1] / norm, y = q.v[2] / norm, z = q.v[3] / norm;
+    typename Lanes<T>::Type unit;
+    std::memcpy(&unit, q.v, sizeof unit);
+    unit /= std::sqrt(dot(q, q));
+    const T w = unit[0], x = unit[1], y = unit[2], z = unit[3];
     const auto diagonal = [](T sum) { return T(1.0 - double(2 * sum)); };
     return rotation<T>({diagonal(y * y + z * z), 2 * (x * y + z * w), 2 * (x * z - y * w)},
                        {2 * (x * y - z * w), diagonal(x * x + z * z), 2 * (y * z + x * w)},

@@ -26,14 +26,14 @@ void addAll() {
     const auto* const ea = load<EQ>(inputs, 4, eigenQuaternion<T>);
     const auto* const eb = load<EQ>(others, 4, eigenQuaternion<T>);
     const auto* const em = load<EigenMatrix<T>>(turns);
-    KY_PEER(T, "Euler to matrix", Eigen, E33(eigenTurn<T>(ee[i]).toRotationMatrix()));
-    KY_PEER(T, "matrix to Euler", Eigen,
-            E3(em[i].template topLeftCorner<3, 3>().eulerAngles(0, 1, 2)));
-    KY_PEER(T, "quaternion product", Eigen, ea[i] * eb[i]);
-    KY_PEER(T, "quaternion rotate", Eigen, E3(ea[i] * ep[i]));
-    KY_PEER(T, "slerp", Eigen, ea[i].slerp(t[i], eb[i]));
-    KY_PEER(T, "quaternion to matrix", Eigen, E33(ea[i].toRotationMatrix()));
-    KY_PEER(T, "matrix to quaternion", Eigen, EQ(em[i].template topLeftCorner<3, 3>()));
+    KY_PEER_AND_LOOP(T, "Euler to matrix", Eigen, E33(eigenTurn<T>(ee[i]).toRotationMatrix()));
+    KY_PEER_AND_LOOP(T, "matrix to Euler", Eigen,
+                     E3(em[i].template topLeftCorner<3, 3>().eulerAngles(0, 1, 2)));
+    KY_PEER_AND_LOOP(T, "quaternion product", Eigen, ea[i] * eb[i]);
+    KY_PEER_AND_LOOP(T, "quaternion rotate", Eigen, E3(ea[i] * ep[i]));
+    KY_PEER_AND_LOOP(T, "slerp", Eigen, ea[i].slerp(t[i], eb[i]));
+    KY_PEER_AND_LOOP(T, "quaternion to matrix", Eigen, E33(ea[i].toRotationMatrix()));
+    KY_PEER_AND_LOOP(T, "matrix to quaternion", Eigen, EQ(em[i].template topLeftCorner<3, 3>()));
 
     using G3 = GlmVector3<T>;
     using G44 = GlmMatrix<T>;
@@ -45,8 +45,8 @@ void addAll() {
     const auto* const gb = load<GQ>(others, 4, glmQuaternion<T>);
     const auto* const gm = load<G44>(turns);
     const auto glmMatrix = [](const G3& e) { return glm::eulerAngleXYZ(e.x, e.y, e.z); };
-    KY_PEER(T, "Euler to matrix", GLM, glmMatrix(ge[i]));
-    peer<T>("matrix to Euler", "GLM", [=](std::size_t i) {
+    KY_PEER_AND_LOOP(T, "Euler to matrix", GLM, glmMatrix(ge[i]));
+    peerAndLoop<T>("matrix to Euler", "GLM", [=](std::size_t i) {
         G3 r;
         glm::extractEulerAngleXYZ(gm[i], r.x, r.y, r.z);
         return r;
@@ -62,11 +62,11 @@ void addAll() {
         r.rotation = glm::eulerAngles(q);
         return r;
     });
-    KY_PEER(T, "quaternion product", GLM, ga[i] * gb[i]);
-    KY_PEER(T, "quaternion rotate", GLM, ga[i] * gp[i]);
-    KY_PEER(T, "slerp", GLM, glm::slerp(ga[i], gb[i], t[i]));
-    KY_PEER(T, "quaternion to matrix", GLM, glm::mat4_cast(ga[i]));
-    KY_PEER(T, "matrix to quaternion", GLM, glm::quat_cast(gm[i]));
+    KY_PEER_AND_LOOP(T, "quaternion product", GLM, ga[i] * gb[i]);
+    KY_PEER_AND_LOOP(T, "quaternion rotate", GLM, ga[i] * gp[i]);
+    KY_PEER_AND_LOOP(T, "slerp", GLM, glm::slerp(ga[i], gb[i], t[i]));
+    KY_PEER_AND_LOOP(T, "quaternion to matrix", GLM, glm::mat4_cast(ga[i]));
+    KY_PEER_AND_LOOP(T, "matrix to quaternion", GLM, glm::quat_cast(gm[i]));
 
     using I3 = Imath::Vec3<T>;
     using I44 = Imath::Matrix44<T>;
@@ -77,12 +77,12 @@ void addAll() {
     const auto* const ia = load<IQ>(inputs);
     const auto* const ib = load<IQ>(others);
     const auto* const im = load<I44>(turns);
-    peer<T>("Euler to matrix", "Imath", [=](std::size_t i) {
+    peerAndLoop<T>("Euler to matrix", "Imath", [=](std::size_t i) {
         I44 m;
         m.setEulerAngles(ie[i]);
         return m;
     });
-    peer<T>("matrix to Euler", "Imath", [=](std::size_t i) {
+    peerAndLoop<T>("matrix to Euler", "Imath", [=](std::size_t i) {
         I3 r;
         Imath::extractEulerXYZ(im[i], r);
         return r;
@@ -98,11 +98,11 @@ void addAll() {
         Imath::extractSHRT(m, r.scale, r.shear, r.rotation, r.translation, false);
         return r;
     });
-    KY_PEER(T, "quaternion product", Imath, ia[i] * ib[i]);
-    KY_PEER(T, "quaternion rotate", Imath, ip[i] * ia[i]);
-    KY_PEER(T, "slerp", Imath, Imath::slerpShortestArc(ia[i], ib[i], t[i]));
-    KY_PEER(T, "quaternion to matrix", Imath, ia[i].toMatrix44());
-    KY_PEER(T, "matrix to quaternion", Imath, Imath::extractQuat(im[i]));
+    KY_PEER_AND_LOOP(T, "quaternion product", Imath, ia[i] * ib[i]);
+    KY_PEER_AND_LOOP(T, "quaternion rotate", Imath, ip[i] * ia[i]);
+    KY_PEER_AND_LOOP(T, "slerp", Imath, Imath::slerpShortestArc(ia[i], ib[i], t[i]));
+    KY_PEER_AND_LOOP(T, "quaternion to matrix", Imath, ia[i].toMatrix44());
+    KY_PEER_AND_LOOP(T, "matrix to quaternion", Imath, Imath::extractQuat(im[i]));
 
     if constexpr (std::is_same_v<T, double>) {
         const auto* const be = load<btVector3>(angles, 3, bulletVector);
@@ -110,21 +110,21 @@ void addAll() {
         const auto* const ba = load<btQuaternion>(inputs, 4, bulletQuaternion);
         const auto* const bb = load<btQuaternion>(others, 4, bulletQuaternion);
         const auto* const bm = load<btTransform>(turns, 16, bulletTransform);
-        peer<T>("Euler to matrix", "Bullet", [=](std::size_t i) {
+        peerAndLoop<T>("Euler to matrix", "Bullet", [=](std::size_t i) {
             btMatrix3x3 m;
             m.setEulerZYX(be[i][0], be[i][1], be[i][2]);
             return m;
         });
-        peer<T>("matrix to Euler", "Bullet", [=](std::size_t i) {
+        peerAndLoop<T>("matrix to Euler", "Bullet", [=](std::size_t i) {
             Values<double, 3> r;
             bm[i].getBasis().getEulerZYX(r.v[0], r.v[1], r.v[2]);
             return r;
         });
-        KY_PEER(T, "quaternion product", Bullet, ba[i] * bb[i]);
-        KY_PEER(T, "quaternion rotate", Bullet, quatRotate(ba[i], bp[i]));
-        KY_PEER(T, "slerp", Bullet, ba[i].slerp(bb[i], t[i]));
-        KY_PEER(T, "quaternion to matrix", Bullet, btMatrix3x3(ba[i]));
-        peer<T>("matrix to quaternion", "Bullet", [=](std::size_t i) {
+        KY_PEER_AND_LOOP(T, "quaternion product", Bullet, ba[i] * bb[i]);
+        KY_PEER_AND_LOOP(T, "quaternion rotate", Bullet, quatRotate(ba[i], bp[i]));
+        KY_PEER_AND_LOOP(T, "slerp", Bullet, ba[i].slerp(bb[i], t[i]));
+        KY_PEER_AND_LOOP(T, "quaternion to matrix", Bullet, btMatrix3x3(ba[i]));
+        peerAndLoop<T>("matrix to quaternion", "Bullet", [=](std::size_t i) {
             btQuaternion q;
             bm[i].getBasis().getRotation(q);
             return q;
@@ -139,7 +139,7 @@ void addRigid() {
     const auto* const ea = load<Rigid>(inputs);
     const auto* const eb = load<Rigid>(others);
     const auto* const ee = load<Eigen::Vector3d>(angles);
-    KY_PEER(double, "rigid compound", Eigen, Rigid(eb[i] * ea[i]));
+    KY_PEER_AND_LOOP(double, "rigid compound", Eigen, Rigid(eb[i] * ea[i]));
     peer<double>("rigid compound chain", "Eigen",
                  [=, t = Rigid()](std::size_t i) mutable -> const Rigid& {
                      if (i == 0) t = ea[0];
@@ -162,7 +162,7 @@ void addRigid() {
 
     const auto* const ba = load<btTransform>(inputs, 16, bulletTransform);
     const auto* const bb = load<btTransform>(others, 16, bulletTransform);
-    KY_PEER(double, "rigid compound", Bullet, bb[i] * ba[i]);
+    KY_PEER_AND_LOOP(double, "rigid compound", Bullet, bb[i] * ba[i]);
     peer<double>("rigid compound chain", "Bullet",
                  [=, t = btTransform()](std::size_t i) mutable -> const btTransform& {
                      if (i == 0) t = ba[0];

@@ -21,7 +21,7 @@ int main(int argc, char** argv) {
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
     for (const auto add :
-         {addVectors, addMatrices, addRotations, addBounds, addCulling, addLoops}) {
+         {addVectors, addMatrices, addRotations, addBounds, addCulling, addArrays, addLoops}) {
         add();
     }
     benchmark::RunSpecifiedBenchmarks();

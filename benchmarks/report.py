@@ -155,7 +155,7 @@ def draw(path, groups):
         for axis, letter in zip(pair, "fd"):
             axis.set(xscale="log", xlim=(1 / reach, reach), ylim=(-0.7, len(named) - 0.3), facecolor=paper)
             axis.set_yticks(range(len(named)),
-                            [name.removeprefix("loop: ") * (letter == "f") for name, _ in named])
+                            [name.split(": ")[-1] * (letter == "f") for name, _ in named])
             ticks = [2.0**k for k in range(-8, 9) if 1 / reach < 2.0**k < reach]
             axis.set_xticks(ticks, [f"{x:g}" if x >= 1 else f"1/{1 / x:g}" for x in ticks])
             axis.set_xticks([], minor=True)
