@@ -62,6 +62,30 @@ KY_API void classify(const PlaneT<T>& plane, const BoundingBoxT<T>* boxes, signe
 KY_API void cull(const Polytope& region, const BoundingBoxT<double>* boxes, unsigned char* visible,
                  std::size_t count, std::size_t stride = sizeof(BoundingBoxT<double>));
 
+/// Where each box lies, under the same mask: sides[i] is 1 if it is wholly inside all planes, -1 if
+/// wholly outside any, and otherwise 0: then masks[i] is the planes that it straddles or touches,
+/// what region.getCurrentMask() is after region.contains(boxes[i]). For other sides, masks[i] has
+/// no meaning.
+KY_API void cullWithMasks(const Polytope& region, const BoundingBoxT<double>* boxes,
+                          signed char* sides, unsigned int* masks, std::size_t count,
+                          std::size_t stride = sizeof(BoundingBoxT<double>));
+
+/// The same for a hierarchy of nested boxes, with the results of the protocol that Polytope
+/// describes: a box is tested only against the planes that the box above it straddles, and not at
+/// all below a box that is inside or outside, whose side it takes.
+///
+/// The boxes are in depth-first order: each is followed by those below it, descendants[i] in
+/// number: its children, their children and so on, 0 for a leaf. There may be several roots, one
+/// behind the other. Every sides[i] is written, and masks[i] wherever sides[i] is 0.
+///
+/// If each box contains those below it, sides[i] >= 0 is what cull() gives for box i. If
+/// descendants does not describe a hierarchy, the results have no meaning, but no memory beyond the
+/// arrays is touched. Depth has no limit.
+KY_API void cullTree(const Polytope& region, const BoundingBoxT<double>* boxes,
+                     const unsigned int* descendants, signed char* sides, unsigned int* masks,
+                     std::size_t count, std::size_t boxStride = sizeof(BoundingBoxT<double>),
+                     std::size_t descendantStride = sizeof(unsigned int));
+
 }  // namespace Batch
 }  // namespace KyMath
 

@@ -25,6 +25,8 @@ namespace KyMath {
 ///         view.popCurrentMask();
 ///     }
 ///
+/// Batch::cullTree() does so in one call, for boxes in an array.
+///
 /// The stack is never empty after construction. Every function that changes the list of planes,
 /// except assignment, ends with setupMask(), which pushes. To rebuild a polytope again and again,
 /// call popCurrentMask() before each change, not after it, which would bring back the mask of the

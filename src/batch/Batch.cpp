@@ -99,6 +99,19 @@ void cull(const Polytope& region, const BoundingBoxT<double>* boxes, unsigned ch
     const CullPlanes tested(region);
     KY_KERNEL(cull(tested.planes, tested.mask, valuesOf<double>(boxes, stride), visible, count));
 }
+void cullWithMasks(const Polytope& region, const BoundingBoxT<double>* boxes, signed char* sides,
+                   unsigned int* masks, std::size_t count, std::size_t stride) {
+    const CullPlanes tested(region);
+    KY_KERNEL(cullWithMasks(tested.planes, tested.mask, valuesOf<double>(boxes, stride), sides,
+                            masks, count));
+}
+void cullTree(const Polytope& region, const BoundingBoxT<double>* boxes,
+              const unsigned int* descendants, signed char* sides, unsigned int* masks,
+              std::size_t count, std::size_t boxStride, std::size_t descendantStride) {
+    const CullPlanes tested(region);
+    KY_KERNEL(cullTree(tested.planes, tested.mask, valuesOf<double>(boxes, boxStride),
+                       {descendants, descendantStride}, sides, masks, count));
+}
 
 #define KY_INSTANTIATE(T)                                                                         \
     template void transformPositions(const Matrix44T<T>&, const Vector3T<T>*, Vector3T<T>*,       \

@@ -82,6 +82,15 @@ struct Kernels {
     /// visible[i] = 0 if the box is wholly outside any of the planes in the mask, otherwise 1
     static void cull(const CullPlane<double>* planes, unsigned int mask,
                      Strided<const double> boxes, unsigned char* visible, std::size_t n);
+    /// sides[i] = 1 if the box is inside all planes in the mask, -1 if outside any, otherwise 0,
+    /// and masks[i] = the planes that it straddles
+    static void cullWithMasks(const CullPlane<double>* planes, unsigned int mask,
+                              Strided<const double> boxes, signed char* sides, unsigned int* masks,
+                              std::size_t n);
+    /// The same for boxes in depth-first order: those below a box take its mask, or its side
+    static void cullTree(const CullPlane<double>* planes, unsigned int mask,
+                         Strided<const double> boxes, Strided<const unsigned int> descendants,
+                         signed char* sides, unsigned int* masks, std::size_t n);
     /// @}
 
     /// Samples 0 to count - 1 of the Bezier curve of m control points, three values each, at t = 0,

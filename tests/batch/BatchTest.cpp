@@ -251,6 +251,84 @@ TEST_F(BatchDoubleTest, CullsLikeContains) {
     EXPECT_EQ(0u, masks[2]);
 }
 
+struct Node {
+    unsigned descendants;
+    BoundingBoxd box;
+};
+using Nodes = Array<Node>;
+
+/// Nodes from begin to end get random numbers of nodes below them, and contain these.
+void growTree(Corpus<double>& corpus, Nodes& nodes, std::size_t begin, std::size_t end) {
+    for (std::size_t i = begin, after; i < end; i = after) {
+        after = i + 1 + std::size_t(std::abs(corpus.plain()) / 10.1 * double(end - i));
+        nodes[i] = {unsigned(after - i - 1), corpus.box()};
+        growTree(corpus, nodes, i + 1, after);
+        for (std::size_t k = i + 1; k < after; ++k) nodes[i].box += nodes[k].box;
+    }
+}
+
+/// Each node from begin to end must have the results that the protocol of a polytope gives.
+void expectProtocol(Polytope& view, const Nodes& nodes, std::size_t begin, std::size_t end,
+                    const signed char* sides, const unsigned* masks) {
+    for (std::size_t i = begin, after; i < end; i = after) {
+        after = i + 1 + nodes[i].descendants;
+        const bool seen = view.contains(nodes[i].box);
+        const bool straddles = seen && view.getMaskStack().back() && view.getCurrentMask();
+        EXPECT_EQ(straddles ? 0 : seen ? 1 : -1, sides[i]) << i;
+        if (straddles) {
+            EXPECT_EQ(view.getCurrentMask(), masks[i]) << i;
+            view.pushCurrentMask();
+            expectProtocol(view, nodes, i + 1, after, sides, masks);
+            view.popCurrentMask();
+        }
+        for (std::size_t k = i + 1; k < after && !straddles; ++k) EXPECT_EQ(sides[i], sides[k]);
+    }
+}
+
+TEST_F(BatchDoubleTest, CullsTreesLikeTheProtocol) {
+    // Of the last plane, which is steeper than it seems, the upper corner is the lower one.
+    Polytope region(
+        {{1, 0.2, 0, 6}, {-1, 0.1, 0, 7}, {0, -1, 0.3, 5}, {0, 0, 1, 8}, {1e-17, 0, 0, 0}});
+    Polytope within = region;
+    within.contains(BoundingBoxd(-1, 0, -1, 7, 7, 7));
+    within.pushCurrentMask();
+    for (const Polytope& view : {region, within, Polytope()}) {
+        for (std::size_t n = 0; n < 70; ++n) {
+            Nodes nodes(n);
+            growTree(corpus, nodes, 0, n);
+            const BoundingBoxd* const boxes = n == 0 ? nullptr : &nodes[0].box;
+            Array<signed char> sides(n), flat(n);
+            Array<unsigned> masks(n), flatMasks(n);
+            Array<unsigned char> visible(n);
+            Batch::cullTree(view, boxes, n == 0 ? nullptr : &nodes[0].descendants, sides.data(),
+                            masks.data(), n, sizeof(Node), sizeof(Node));
+            Batch::cullWithMasks(view, boxes, flat.data(), flatMasks.data(), n, sizeof(Node));
+            Batch::cull(view, boxes, visible.data(), n, sizeof(Node));
+            Polytope single = view;
+            expectProtocol(single, nodes, 0, n, sides.data(), masks.data());
+            for (std::size_t i = 0; i < n; ++i) {
+                nodes[i].descendants = 0;
+                EXPECT_EQ(flat[i] >= 0, visible[i]) << i << " of " << n;
+            }
+            expectProtocol(single, nodes, 0, n, flat.data(), flatMasks.data());
+        }
+    }
+}
+
+TEST_F(BatchDoubleTest, CullTreeStaysInItsArraysWhateverTheNumbers) {
+    const Polytope region({{1, 0.2, 0, 1}, {-1, 0.1, 0, 1}});
+    for (std::size_t n = 1; n < 60; ++n) {
+        Nodes nodes(n);
+        for (Node& node : nodes) {
+            node = {unsigned(std::pow(10, corpus.plain())), corpus.box()};
+        }
+        Array<signed char> sides(n);
+        Array<unsigned> masks(n);
+        Batch::cullTree(region, &nodes[0].box, &nodes[0].descendants, sides.data(), masks.data(), n,
+                        sizeof(Node), sizeof(Node));
+    }
+}
+
 // Of four values computed at once, those that do not count overflow and divide as little as others.
 TEST(LanesTest, RaiseNothingThatTheFormulaDoesNot) {
     const Ky::KyTransform far(Vector3d(1e200, 1e200, 1e200), Ky::KyEulerAngles());

@@ -443,6 +443,27 @@ std::uint64_t cull(const Polytope& region, const BoundingBoxd* boxes, std::size_
     Batch::cull(region, boxes, visible.data(), count);
     return pack(visible);
 }
+/// Sides, and where they are 0, masks.
+std::uint64_t pack(const Array<signed char>& sides, const Array<unsigned int>& masks) {
+    std::uint64_t packed = 0;
+    for (std::size_t i = 0; i < kCount; ++i) {
+        packed = packed * 37 + (sides[i] == 0 ? masks[i] : static_cast<unsigned int>(sides[i] + 5));
+    }
+    return packed;
+}
+std::uint64_t cullWithMasks(const Polytope& region, const BoundingBoxd* boxes, std::size_t count) {
+    Array<signed char> sides;
+    Array<unsigned int> masks;
+    Batch::cullWithMasks(region, boxes, sides.data(), masks.data(), count);
+    return pack(sides, masks);
+}
+std::uint64_t cullTree(const Polytope& region, const BoundingBoxd* boxes, std::size_t count) {
+    const Array<unsigned int> descendants = {6, 2, 0, 0, 2, 1, 0};
+    Array<signed char> sides;
+    Array<unsigned int> masks;
+    Batch::cullTree(region, boxes, descendants.data(), sides.data(), masks.data(), count);
+    return pack(sides, masks);
+}
 template <class T>
 void multiplyByOne(const Matrix44T<T>& a, const Matrix44T<T>* b, Matrix44T<T>* out,
                    std::size_t count) {
@@ -486,7 +507,9 @@ void addDouble(Table& table) {
     using Transforms = Array<Ky::KyTransform>;
     table.add("bounds", "Batch", 1,
               ARRAYS(void, compound, (const Transforms&, const Transforms&, Transforms&)),
-              ARRAYS(std::uint64_t, cull, (const Polytope&, const Array<BoundingBoxd>&)));
+              ARRAYS(std::uint64_t, cull, (const Polytope&, const Array<BoundingBoxd>&)),
+              ARRAYS(std::uint64_t, cullWithMasks, (const Polytope&, const Array<BoundingBoxd>&)),
+              ARRAYS(std::uint64_t, cullTree, (const Polytope&, const Array<BoundingBoxd>&)));
 }
 
 }  // namespace batch
