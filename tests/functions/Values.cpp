@@ -14,17 +14,13 @@ namespace {
 template <class T>
 using Bits = std::conditional_t<sizeof(T) == 4, std::uint32_t, std::uint64_t>;
 
-template <class T>
-Bits<T> toBits(T x) {
-    Bits<T> bits;
-    std::memcpy(&bits, &x, sizeof x);
-    return bits;
-}
-template <class T>
-T fromBits(Bits<T> bits) {
-    T x;
-    std::memcpy(&x, &bits, sizeof x);
-    return x;
+/// The same bits as another type.
+template <class To, class From>
+To read(From from) {
+    static_assert(sizeof(To) == sizeof from);
+    To to;
+    std::memcpy(&to, &from, sizeof to);
+    return to;
 }
 
 }  // namespace
@@ -108,7 +104,7 @@ T Inputs::scalar() {
             return std::ldexp(plain<T>(), exponent);
         }
         case 4:
-            return fromBits<T>(Bits<T>(bits(8 * sizeof(T))));
+            return read<T>(Bits<T>(bits(8 * sizeof(T))));
         case 5:
         case 6:
             return T(int(below(9)) - 4);
@@ -288,9 +284,6 @@ void Inputs::draw(Line3& line) {
     draw(line.p1);
     draw(line.p2);
 }
-void Inputs::draw(Segment3& segment) {
-    draw(static_cast<Line3&>(segment));
-}
 void Inputs::draw(Ky::KyEulerAngles::eEulerOrder& order) {
     int bits = int(below(24));
     if (below(4) == 0) bits += Ky::KyEulerAngles::eNegated;
@@ -329,23 +322,13 @@ template void Inputs::draw(Planed&);
 // ---- Digest
 
 void Digest::add(float value) {
-    const std::uint32_t bits = toBits(value);
-    add(std::uint64_t((bits & 0x7fffffff) > 0x7f800000 ? 0x7fc00000 : bits));
+    add(std::isnan(value) ? std::uint64_t(0x7fc00000) : read<std::uint32_t>(value));
 }
 void Digest::add(double value) {
-    const std::uint64_t bits = toBits(value);
-    const bool nan = (bits & 0x7fffffffffffffffu) > 0x7ff0000000000000u;
-    add(nan ? std::uint64_t(0x7ff8000000000000u) : bits);
+    add(std::isnan(value) ? std::uint64_t(0x7ff8000000000000) : read<std::uint64_t>(value));
 }
 void Digest::add(const std::string& text) {
     for (const char c : text) add(int(c));
-}
-void Digest::add(const Vector6& v) {
-    add(&v[0], 6);
-}
-void Digest::add(const BoundingSphere& sphere) {
-    add(sphere.center());
-    add(sphere.radius());
 }
 void Digest::add(const Polytope& polytope) {
     add(polytope.getPlanes());
@@ -355,16 +338,9 @@ void Digest::add(const Polytope& polytope) {
 void Digest::add(const Frustum& frustum) {
     for (unsigned i = 0; i < 6; ++i) add(frustum.getPlane(i));
 }
-void Digest::add(const Line3& line) {
-    add(line.p1);
-    add(line.p2);
-}
 void Digest::add(const Ky::KyEulerAngles& angles) {
     add(angles.angles());
     add(int(angles.order()));
-}
-void Digest::add(const Ky::KyTransform& transform) {
-    add<double>(transform, 16);
 }
 
 }  // namespace KyMath::test

@@ -70,7 +70,6 @@ public:
     void draw(Polytope& polytope);
     void draw(Frustum& frustum);
     void draw(Line3& line);
-    void draw(Segment3& segment);
     void draw(Ky::KyEulerAngles& angles);
     void draw(Ky::KyEulerAngles::eEulerOrder& order);
     void draw(Ky::KyTransform& transform);
@@ -150,28 +149,25 @@ public:
         add(unsigned(values.size()));
         for (const V& value : values) add(value);
     }
+    /// The numbers of a vector, matrix, quaternion or box.
     template <template <class> class V, class T,
               class = std::enable_if_t<internal::IsScalar<T>::value>>
     void add(const V<T>& v) {
-        add(static_cast<const T*>(v), int(sizeof v / sizeof(T)));
-    }
-    template <class T>
-    void add(const BoundingBoxT<T>& box) {
-        add(box.getMin());
-        add(box.getMax());
+        add(reinterpret_cast<const T*>(&v), int(sizeof v / sizeof(T)));
     }
     template <class T>
     void add(const PlaneT<T>& plane) {
         add(plane.getAsVector4());
         add(8 * plane.upperBBCorner() + plane.lowerBBCorner());
     }
-    void add(const Vector6& v);
-    void add(const BoundingSphere& sphere);
+    /// Of doubles alone, like all other types.
+    template <class V>
+    std::enable_if_t<std::is_class<V>::value> add(const V& v) {
+        add(reinterpret_cast<const double*>(&v), int(sizeof v / sizeof(double)));
+    }
     void add(const Polytope& polytope);
     void add(const Frustum& frustum);
-    void add(const Line3& line);
     void add(const Ky::KyEulerAngles& angles);
-    void add(const Ky::KyTransform& transform);
 
 private:
     std::uint64_t hash_ = 0xcbf29ce484222325u;
