@@ -19,8 +19,7 @@
 
 #include <gtest/gtest.h>
 
-namespace KyMath {
-namespace test {
+namespace KyMath::test {
 
 using Scalars = ::testing::Types<float, double>;
 using Vectors = ::testing::Types<Vector2f, Vector2d, Vector3f, Vector3d, Vector4f, Vector4d>;
@@ -189,34 +188,21 @@ public:
     }
 
     Vector3T<T> vector() {
-        const T x = plain(), y = plain(), z = plain();
-        return Vector3T<T>(x, y, z);
+        return each<Vector3T<T>>([this](int) { return plain(); });
     }
     /// A valid box.
     BoundingBoxT<T> box() {
-        BoundingBoxT<T> b(vector(), Vector3T<T>());
-        b.getMax() = b.getMin();
-        const Vector3T<T> p = vector();
-        for (int i = 0; i < 3; ++i) (p[i] < b.getMin()[i] ? b.getMin() : b.getMax())[i] = p[i];
-        return b;
-    }
-    QuaternionT<T> unitQuaternion() {
-        const T w = plain(), x = plain(), y = plain(), z = plain();
-        QuaternionT<T> q(w, x, y, z);
-        q.normalize();
-        return q;
+        const Vector3T<T> p = vector(), q = vector();
+        return BoundingBoxT<T>(p, p) + BoundingBoxT<T>(q, q);
     }
     Matrix44T<T> matrix() {
-        Matrix44T<T> m;
-        for (int i = 0; i < 16; ++i) static_cast<T*>(m)[i] = plain();
-        return m;
+        return each<Matrix44T<T>>([this](int) { return plain(); });
     }
 
 private:
     std::mt19937 bits_;
 };
 
-}  // namespace test
-}  // namespace KyMath
+}  // namespace KyMath::test
 
 #endif

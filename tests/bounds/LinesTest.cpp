@@ -75,7 +75,7 @@ TEST(LinesTest, ParallelSegmentsMeetAtFacingEnds) {
 }
 
 TEST(LinesTest, SphereIsMissedTouchedOrCrossed) {
-    Line3 x = onX(-1, 3);
+    Line3 x = onX(-1, 3), point = onX(1, 1);
     Vector3d points[] = {Vector3d(1, 3, 0), Vector3d()};
     int count = -1;
     EXPECT_EQ(-2, x.distanceTo(points[0], 5, &count, points));  // over the centre
@@ -83,34 +83,22 @@ TEST(LinesTest, SphereIsMissedTouchedOrCrossed) {
     EXPECT_EQ(Vector3d(5, 0, 0), points[0]);
     EXPECT_EQ(Vector3d(-3, 0, 0), points[1]);
     EXPECT_EQ(-2, x.distanceTo(Vector3d(1, 3, 0), 5, nullptr, nullptr));
-    const struct {
-        double gap;
-        int count;
-    } cases[] = {{1e-7, 0},  {above(0.0), 0},   {0, 1}, {-below(1e-7), 1},
-                 {-1e-7, 2}, {-above(1e-7), 2}, {2, 0}};
-    for (const auto& c : cases) {  // at a distance of 0, where the gap is exact
+    EXPECT_EQ(-2, point.distanceTo(point.p1, 2, &count, points));
+    for (const Vector3d& p : points) EXPECT_EQ(point.p1, p);
+    const double counts[][2] = {{1e-7, 0},  {above(0.0), 0},   {0, 1}, {-below(1e-7), 1},
+                                {-1e-7, 2}, {-above(1e-7), 2}, {2, 0}};
+    for (const auto& [gap, expected] : counts) {  // at a distance of 0, where the gap is exact
         points[1] = Vector3d(7, 7, 7);
-        EXPECT_EQ(c.gap, x.distanceTo(Vector3d(0.5, 0, 0), -c.gap, &count, points));
-        EXPECT_EQ(c.count, count) << c.gap;
-        EXPECT_EQ(c.count == 2, points[1] != Vector3d(7, 7, 7));
+        EXPECT_EQ(gap, x.distanceTo(Vector3d(0.5, 0, 0), -gap, &count, points));
+        EXPECT_EQ(expected, count) << gap;
+        EXPECT_EQ(count == 2, points[1] != Vector3d(7, 7, 7));
     }
 }
 
-TEST(LinesTest, APointMeetsTheSphereInItself) {
-    Line3 point = onX(1, 1);
-    Vector3d points[2];
-    int count = -1;
-    EXPECT_EQ(-2, point.distanceTo(Vector3d(1, 0, 0), 2, &count, points));
-    EXPECT_EQ(2, count);
-    for (const Vector3d& p : points) EXPECT_EQ(point.p1, p);
-}
-
 TEST(LinesTest, PrintInTheFormatOfTheStream) {
-    std::ostringstream plain, odd;
-    EXPECT_EQ(&plain, &(plain << Segment3(Vector3d(1, 2, 3), Vector3d(4, 5, 6))));
-    EXPECT_EQ("p1:1 2 3 p2:4 5 6", plain.str());
-    odd << std::fixed << std::setprecision(1) << std::showpos << std::setw(5) << Line3();
-    EXPECT_EQ("  p1:+0.0 +0.0 +0.0 p2:+0.0 +0.0 +0.0", odd.str());
+    std::ostringstream s;
+    s << std::showpos << Segment3(Vector3d(1, 2, 3), Vector3d(4, 5, 6)) << "; ";
+    EXPECT_EQ("p1:+1 +2 +3 p2:+4 +5 +6; ", s.str());
 }
 
 }  // namespace

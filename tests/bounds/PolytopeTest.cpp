@@ -56,13 +56,6 @@ TEST(PolytopeTest, EveryChangePushesAFullMask) {
     expectContains(true, 0x3F, p, kFarAway);
 }
 
-TEST(PolytopeTest, NewPlanesHaveFreshCorners) {
-    Polytope added;
-    added.add(Planed());  // both corners of a default plane are 0
-    expectPlanes({Planed(0, 0, 0, 0)}, added);
-    expectPlanes({Planed(0, 0, 0, 0)}, Polytope(Planes(1)));
-}
-
 TEST(PolytopeTest, CopiesAreWhole) {
     Polytope p = unitPolytope(), assigned(Planes(9, Planed(1, 2, 3, 4)));
     expectContains(true, 0x2A, p, {0.5, 0.5, 0.5, 2, 2, 2});

@@ -43,6 +43,7 @@ KY_TEST(FormulasTest, Vector2) {
     EXPECT_BITS(V(2, 1), V(a.y(), a.x()));
     EXPECT_BITS(a, after(V(), [](V& v) { v.y() = 2, v.x() = 1; }));
     EXPECT_BITS(a, after(V(), [](V& v) { v.set(1, 2); }));
+    EXPECT_BITS(a, after(V(), [&](V& v) { v = a; }));
     EXPECT_BITS(V(0, 0), V::kZero);
 }
 
@@ -126,6 +127,8 @@ KY_TEST(FormulasTest, Matrix) {
     EXPECT_BITS(M::multiply(b, 2), M(b) *= 2);
     EXPECT_BITS(b, M::divide(M::multiply(b, 4), 4));
     EXPECT_BITS(b, M::multiply(b, 4) /= 4);
+    const M whole(1, 2, 1, 3, 1, 3, 3, 4, 2, 5, 5, 9, 1, 5, 9, 11);
+    EXPECT_BITS(M(-28, 2, 17, -7, 13, 0, -8, 3, -9, 1, 5, -2, 4, -1, -2, 1), whole.inverse());
     const M c(2, 1, 3, 4, 1, 0, 5, 2, 3, 2, 1, 1, 1, 4, 2, 3);
     EXPECT_BITS(T(-125), c.determinant());
     EXPECT_BITS(T(50), c.determinant3x3(0, 1, 2, 1, 2, 3));
@@ -152,6 +155,7 @@ KY_TEST(FormulasTest, Quaternion) {
     EXPECT_BITS(p, after(Q(), [](Q& r) { r.set(1, 2, 3, 4); }));
     const T values[] = {1, 2, 3, 4};
     EXPECT_BITS(p, after(Q(), [&](Q& r) { r = values; }));
+    EXPECT_BITS(p, Q(values));
     EXPECT_BITS(T(70), p.dot(q));
     EXPECT_BITS(T(2), Q(1, -1, 1, -1).norm());
     EXPECT_BITS(V(54, 60, 78), p.rotate(V(1, 2, 3)));
@@ -212,6 +216,7 @@ KY_TEST(FormulasTest, BoundingBox) {
     EXPECT_BITS(B(2, 3, 4, 5, 7, 9), box.intersect(B(2, 3, 4, 6, 7, 9)));
     EXPECT_BITS(B(0, 2, 3, 5, 9, 11), box + B(0, 3, 4, 1, 9, 9));
     EXPECT_BITS(box, B(box.xMin(), box.yMin(), box.zMin(), box.xMax(), box.yMax(), box.zMax()));
+    EXPECT_BITS(box, after(B(), [](B& b) { b.set(1, 2, 3, 5, 8, 11); }));
     EXPECT_BITS(box, after(B(), [](B& b) {
                     b.xMin() = 1, b.yMin() = 2, b.zMin() = 3, b.xMax() = 5, b.yMax() = 8,
                     b.zMax() = 11;

@@ -13,6 +13,7 @@ using Ky::KyTransform;
 const M kNumbered(1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16);
 const M kQuarter(0, 1, 0, 0, -1, 0, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1);  // a quarter turn about z
 const KyTransform kMoved(0, 1, 0, 7, -1, 0, 0, 7, 0, 0, 1, 7, 1, 2, 3, 7);  // and then to (1, 2, 3)
+const M kTwice(-1, 0, 0, 0, 0, -1, 0, 0, 0, 0, 1, 0, -1, 3, 6, 1);  // kMoved, then kMoved again
 
 /// m with row 3 kept and the first columns replaced by those of values.
 M changed(M m, int columns, const M& values) {
@@ -44,51 +45,57 @@ TEST(KyTransformTest, QuaternionsOfAnyLengthSetTheRotation) {
     EXPECT_TRUE(std::isnan(a.setRotation(Quaterniond(0, 0, 0, 0))(0, 0)));
 }
 
+TEST(KyTransformTest, RotateSelfTurnsWhatIsThere) {
+    KyTransform t(kQuarter);
+    t.rotateSelf(Vector3d(0, 0, std::acos(0.0) / 2), 2);
+    EXPECT_TRUE(M(-1, 0, 0, 0, 0, -1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1).isEqual(t.toMatrix44(), 1e-13));
+}
+
 // A trace of 0 is not positive.
 TEST(KyTransformTest, QuaternionTiesGoToTheLowerIndex) {
-    const auto read = [](double x, double y, double z) {
+    const double cases[][4] = {{1, -1, -1, 1}, {-1, 1, -1, 2}, {-1, -1, 1, 3}, {3, 3, 3, 0},
+                               {1, 1, -2, 1},  {-2, 1, 1, 2},  {1, -2, 1, 1},  {-1, -1, -1, 1}};
+    for (const auto& [x, y, z, largest] : cases) {
         Quaterniond p;
         KyTransform(x, 0, 0, 0, 0, y, 0, 0, 0, 0, z, 0, 0, 0, 0, 1).toQuaternion(p);
-        return p;
-    };
-    EXPECT_EQ(Quaterniond(0, 1, 0, 0), read(1, -1, -1));
-    EXPECT_EQ(Quaterniond(0, 0, 1, 0), read(-1, 1, -1));
-    EXPECT_EQ(Quaterniond(0, 0, 0, 1), read(-1, -1, 1));
-    EXPECT_EQ(Quaterniond(1, 0, 0, 0), read(3, 3, 3));
-    EXPECT_GT(read(1, 1, -2).x(), 0);
-    EXPECT_GT(read(-2, 1, 1).y(), 0);
-    EXPECT_GT(read(1, -2, 1).x(), 0);
-    EXPECT_GT(read(-1, -1, -1).x(), 0);
+        EXPECT_GT(p[int(largest)], 0) << x << y << z;
+    }
 }
 
 // Deliberate: the direction is compared with the old y axis, which is then replaced.
 TEST(KyTransformTest, DirectionBecomesTheXAxis) {
     const M m(2, 0, 0, 7, 0, 4, 0, 8, 0, 0, 5, 9, 1, 2, 3, 6);
     const M unitY(2, 0, 0, 7, 0, 1, 0, 8, 0, 0, 5, 9, 1, 2, 3, 6);
-    const auto check = [&](const M& expected, bool succeeds, const Vector3d& dir, double tol) {
-        KyTransform set(m), made(m);
-        EXPECT_EQ(succeeds, set.setRotation(dir, tol)) << tol;
-        EXPECT_EQ(succeeds, made.makeRotation(dir, tol)) << tol;
-        EXPECT_BITS(expected, set.toMatrix44());
-        EXPECT_BITS(changed(expected, succeeds ? 4 : 3, changed(M(), 3, expected)),
-                    made.toMatrix44());
-    };
     const auto axes = [&m](const Vector3d& x, const Vector3d& y) {
         return changed(m, 3, Transformation::createRotationFromAxesT(x, y, x.cross(y)));
     };
     const M along = axes(Vector3d(1, 0, 0), Vector3d(0, 0, -1));
-    check(along, true, Vector3d(3, 0, 0), 1e-6);
-    check(axes(Vector3d(0, 0, 1), Vector3d(0, -1, 0)), true, Vector3d(0, 0, 3), 1e-6);
-    // Nothing is changed for a short direction, the length of y for one along y or a short y.
-    check(along, true, Vector3d(0.5, 0, 0), below(0.5));
-    check(m, false, Vector3d(0.5, 0, 0), 0.5);
-    check(unitY, false, Vector3d(0, 3, 0), 1e-6);
-    check(unitY, false, Vector3d(0, -3, 0), 1e-6);
-    check(m, false, Vector3d(9, 0, 0), 4);
-    // The tolerance is that of 1 - cosine as well, which is 0.4 here, and may equal it.
     const Vector3d oblique(4, 3, 0), x(oblique * (1 / 5.0));
-    check(axes(x, Vector3d(0, 0, -x[0] * (1 / std::sqrt(x[0] * x[0])))), true, oblique, 1 - x[1]);
-    check(unitY, false, oblique, above(1 - x[1]));
+    const struct {
+        Vector3d direction;
+        double tolerance;
+        bool succeeds;
+        M expected;
+    } cases[] = {
+        {{3, 0, 0}, 1e-6, true, along},
+        {{0, 0, 3}, 1e-6, true, axes(Vector3d(0, 0, 1), Vector3d(0, -1, 0))},
+        {{0.5, 0, 0}, below(0.5), true, along},
+        {{0.5, 0, 0}, 0.5, false, m},  // nothing is changed for a short direction
+        {{9, 0, 0}, 4, false, m},      // or a short y
+        {{0, 3, 0}, 1e-6, false, unitY},
+        {{0, -3, 0}, 1e-6, false, unitY},
+        // The tolerance is that of 1 - cosine as well, which is 0.4 here, and may equal it.
+        {oblique, 1 - x[1], true, axes(x, Vector3d(0, 0, -x[0] * (1 / std::sqrt(x[0] * x[0]))))},
+        {oblique, above(1 - x[1]), false, unitY},
+    };
+    for (const auto& c : cases) {
+        KyTransform set(m), made(m);
+        EXPECT_EQ(c.succeeds, set.setRotation(c.direction, c.tolerance)) << &c - cases;
+        EXPECT_EQ(c.succeeds, made.makeRotation(c.direction, c.tolerance));
+        EXPECT_BITS(c.expected, set.toMatrix44());
+        EXPECT_BITS(changed(c.expected, c.succeeds ? 4 : 3, changed(M(), 3, c.expected)),
+                    made.toMatrix44());
+    }
 }
 
 // Deliberate: the float 0.01, widened.
@@ -117,52 +124,39 @@ KyTransform with(int i, double x) {
 // Deliberate: row 3 does not count, and a NaN passes.
 TEST(KyTransformTest, IsIdentityWithinTheTolerance) {
     for (int i = 0; i < 16; ++i) {
-        const double one = i % 5 == 0 ? 1 : 0;
-        for (const double x : {one + 0.25, one - 0.25, above(one + 0.25), below(one - 0.25)}) {
-            const bool identity = i % 4 == 3 || std::abs(x - one) <= 0.25;
-            EXPECT_EQ(identity, with(i, x).isIdentity(0.25)) << i << ": " << x;
-        }
-        EXPECT_TRUE(with(i, kNaN<double>).isIdentity(0.25));
-    }
-}
-
-TEST(KyTransformTest, IsValidIgnoresOnlyTheTranslation) {
-    for (int i = 0; i < 16; ++i) {
-        for (const double x : {kNaN<double>, -1.25, 1.25, 1e-6}) {
-            EXPECT_EQ(i / 4 == 3 && i % 4 < 3, with(i, x).isValid()) << i << ": " << x;
+        const double high = i % 5 == 0 ? 1.25 : 0.25, low = high - 0.5;
+        for (const double x : {high, low, kNaN<double>}) EXPECT_TRUE(with(i, x).isIdentity(0.25));
+        for (const double x : {above(high), below(low)}) {
+            EXPECT_EQ(i % 4 == 3, with(i, x).isIdentity(0.25)) << i << ": " << x;
         }
     }
 }
 
+// Everything but the translation counts. Shear is seen in the products of columns, scale first in
+// the determinant.
 TEST(KyTransformTest, IsValidWithinOneInTenMillion) {
     const double tol = 1e-7;
-    for (const int i : {3, 7, 11}) {
+    for (int i = 0; i < 16; ++i) {
+        const double one = i % 5 == 0 ? 1 : 0, most = i % 5 == 0 && i < 15 ? tol / 2 : tol;
+        const bool translates = i / 4 == 3 && i < 15;
         for (const double sign : {1.0, -1.0}) {
-            EXPECT_TRUE(with(i, sign * tol).isValid()) << i;
-            EXPECT_FALSE(with(i, sign * above(tol)).isValid()) << i;
+            EXPECT_TRUE(with(i, one + sign * 0.98 * most).isValid()) << i;
+            EXPECT_EQ(translates, with(i, one + sign * 1.02 * most).isValid()) << i;
         }
+        EXPECT_EQ(translates, with(i, kNaN<double>).isValid()) << i;
     }
-    for (const int i : {1, 2, 4, 6, 8, 9}) {  // a shear, seen in the products of columns
-        EXPECT_TRUE(with(i, 0.99 * tol).isValid()) << i;
-        EXPECT_FALSE(with(i, -1.01 * tol).isValid()) << i;
-    }
-    for (const double sign : {1.0, -1.0}) {
-        EXPECT_TRUE(with(15, 1 + sign * 0.99 * tol).isValid());
-        EXPECT_FALSE(with(15, 1 + sign * 1.01 * tol).isValid());
-        const auto scaled = [](double s) {  // the determinant fails first
-            return KyTransform(s, 0, 0, 0, 0, s, 0, 0, 0, 0, s, 0, 0, 0, 0, 1);
-        };
-        EXPECT_TRUE(scaled(1 + sign * 0.33 * tol).isValid());
-        EXPECT_FALSE(scaled(1 + sign * 0.34 * tol).isValid());
-        EXPECT_EQ(sign > 0, scaled(sign).isValid());
-    }
+    const auto scaled = [](double s) {
+        return KyTransform(s, 0, 0, 0, 0, s, 0, 0, 0, 0, s, 0, 0, 0, 0, 1);
+    };
+    EXPECT_TRUE(scaled(1 + 0.33 * tol).isValid());
+    EXPECT_FALSE(scaled(1 + 0.34 * tol).isValid());
+    EXPECT_FALSE(scaled(-1).isValid());
 }
 
 // Deliberate: of three operands, row 3 stays as it is.
 TEST(KyTransformTest, CompoundsOfTwoKeepTheBottomRow) {
-    const M twice(-1, 0, 0, 0, 0, -1, 0, 0, 0, 0, 1, 0, -1, 3, 6, 1);
     KyTransform t[3] = {kNumbered, kNumbered, kNumbered};
-    EXPECT_EQ(changed(kNumbered, 4, twice), t[0].compound(kMoved, kMoved).toMatrix44());
+    EXPECT_EQ(changed(kNumbered, 4, kTwice), t[0].compound(kMoved, kMoved).toMatrix44());
     EXPECT_EQ(changed(kNumbered, 4, M()),
               t[1].compoundFirstThenInverseSecond(kMoved, kMoved).toMatrix44());
     EXPECT_EQ(changed(kNumbered, 4, M()),
@@ -171,10 +165,9 @@ TEST(KyTransformTest, CompoundsOfTwoKeepTheBottomRow) {
 
 // Deliberate: in place, row 3 becomes that of the identity.
 TEST(KyTransformTest, CompoundsInPlaceMayBeWithItself) {
-    const M twice(-1, 0, 0, 0, 0, -1, 0, 0, 0, 0, 1, 0, -1, 3, 6, 1);
     KyTransform t[4] = {kMoved, kMoved, kMoved, kMoved};
-    EXPECT_EQ(twice, t[0].postCompound(t[0]).toMatrix44());
-    EXPECT_EQ(twice, t[1].preCompound(t[1]).toMatrix44());
+    EXPECT_EQ(kTwice, t[0].postCompound(t[0]).toMatrix44());
+    EXPECT_EQ(kTwice, t[1].preCompound(t[1]).toMatrix44());
     EXPECT_EQ(M(), t[2].postCompoundWithInverse(t[2]).toMatrix44());
     EXPECT_EQ(M(), t[3].preCompoundWithInverse(t[3]).toMatrix44());
 }

@@ -21,15 +21,14 @@ TEST(ToleranceTest, EpsilonsAreFloatLiterals) {
 
 TEST(ToleranceTest, ScalarsMustBeWithinEpsilonOfBoth) {
     const double e = Ky::KY_SMALL_REAL<double>::epsilon, ulp = kEps<double>, inf = kInf<double>;
-    // 64 steps apart: within e of the larger, but not of the smaller.
-    const double smaller = 64 * ulp / e - 32 * ulp, larger = smaller + 64 * ulp;
-    ASSERT_GT(64 * ulp / smaller, e);
-    ASSERT_LE(64 * ulp / larger, e);
     const double equal[][2] = {
         {0, -0.0}, {0, e}, {e, 2 * e}, {e / 2, -e / 2}, {1, 1 + 45 * ulp}, {-8, -8 - 360 * ulp}};
-    const double unequal[][2] = {{0, above(e)}, {0, 1e-14},        {e, above(2 * e)},
-                                 {e, -e},       {1, 1 + 46 * ulp}, {smaller, larger},
-                                 {1, -1},       {inf, inf},        {kNaN<double>, 0}};
+    // 64 steps apart: within e of the larger, but not of the smaller.
+    const double smaller = 64 * ulp / e - 32 * ulp;
+    const double unequal[][2] = {
+        {0, above(e)},    {0, 1e-14},        {e, above(2 * e)}, {e, -e},
+        {1, -1},          {1, 1 + 46 * ulp}, {inf, inf},        {smaller, smaller + 64 * ulp},
+        {0, kNaN<double>}};
     for (const auto& [a, b] : equal) EXPECT_TRUE(Ky::KY_ARE_EQUAL(a, b)) << a << ", " << b;
     for (const auto& [a, b] : unequal) {
         EXPECT_FALSE(Ky::KY_ARE_EQUAL(a, b)) << a << ", " << b;
@@ -84,32 +83,9 @@ TYPED_TEST(ComparisonTest, IsAbsoluteNearZeroRelativeElsewhere) {
     for (const auto& [p, q] : equal) check(true, p, q, 0.125);
     for (const auto& [p, q] : unequal) check(false, p, q, 0.125);
     check(true, 0, -T(0), 0);
-    check(true, 3, 3, 0);
-    check(true, 3, 9, kInf<double>);
     check(false, 3, above(T(3)), 0);
-    check(false, 3, 3, -1);
-    check(false, 3, 3, kNaN<double>);
+    for (const double none : {-1.0, kNaN<double>}) check(false, 3, 3, none);
     check(false, inf, inf, kInf<double>);
-}
-
-template <class V>
-class FloatComparisonTest : public ::testing::Test {};
-using FloatTypes = ::testing::Types<Vector2f, Vector3f, Vector4f, Matrix44f, Quaternionf>;
-TYPED_TEST_SUITE(FloatComparisonTest, FloatTypes, );
-
-// Except for quaternions.
-TYPED_TEST(FloatComparisonTest, OnlyTheDifferenceIsFormedInFloat) {
-    using V = TypeParam;
-    constexpr bool kInFloat = std::is_same<V, Quaternionf>::value;
-    // 7 / 10 is above 0.7f in double, though equal to it in float.
-    const double tol = static_cast<double>(0.7f);
-    EXPECT_EQ(kInFloat, equalTol(with<V>(0, 10), with<V>(0, 17), tol));
-    EXPECT_EQ(kInFloat, equalTol(with<V>(0, 17), with<V>(0, 10), tol));
-    // 2^24 - 0.75 is 16777215.25, in float 16777215.
-    EXPECT_TRUE(equalTol(with<V>(0, 16777216), with<V>(0, 0.75f), 16777215));
-    // 0.1f is above 0.1: only vectors take the tolerance in double.
-    constexpr bool kNarrows = kInFloat || std::is_same<V, Matrix44f>::value;
-    EXPECT_EQ(kNarrows, equalTol(with<V>(0, 0), with<V>(0, 0.1f), 0.1));
 }
 
 }  // namespace
