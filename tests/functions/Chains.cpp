@@ -4,100 +4,28 @@
 // Chains of all small members, as user code writes them, which compilers inline and then optimise
 // as a whole. Prints a digest of the results of each type. Nothing is computed here, so that flags
 // of this source can only change what is inlined.
-#include <KyMath/KyMath.h>
+#include "Values.h"
 
-#include <cstdint>
 #include <cstdio>
-#include <cstring>
-#include <type_traits>
 
 using namespace KyMath;
+using namespace KyMath::test;
 
 namespace {
 
 struct Run {
-    std::uint64_t seed = 1, digest = 0;
+    Inputs in{1};
+    Digest digest;
 
-    std::uint64_t random() {
-        seed = seed * 6364136223846793005u + 1442695040888963407u;
-        return seed >> 32;
+    template <class V>
+    V draw() {
+        V v;
+        in.draw(v);
+        return v;
     }
-    // Of moderate size, or in one of eight cases what is special.
-    template <class T>
-    T number() {
-        using Bits = typename std::conditional<sizeof(T) == 4, std::uint32_t, std::uint64_t>::type;
-        const int fraction = sizeof(T) == 4 ? 23 : 52;
-        const Bits one = ((Bits(1) << (8 * sizeof(T) - 2)) - 1) >> fraction << fraction;
-        const Bits top = Bits(1) << (8 * sizeof(T) - 1);
-        const Bits infinity = (one << 1) | (Bits(1) << fraction);
-        const Bits special[] = {0, 1, one, infinity, infinity - 1, infinity + 1, one + 1, Bits(7)};
-        Bits bits = one + (Bits(random() % 9) << fraction) - (Bits(4) << fraction);
-        bits +=
-            ((Bits(random()) << (fraction - 23)) ^ Bits(random())) & ((Bits(1) << fraction) - 1);
-        if (random() % 8 == 0) bits = special[random() % 8];
-        bits |= random() % 2 ? top : 0;
-        T value;
-        std::memcpy(&value, &bits, sizeof value);
-        return value;
-    }
-    void add(std::uint64_t bits) {
-        digest = (digest ^ bits) * 1099511628211u;
-        digest ^= digest >> 29;
-    }
-    // Each value in memory; a NaN as one value, since its sign and payload are not defined.
-    template <class T>
-    void addValues(const T* p, int n) {
-        for (int i = 0; i < n; ++i) {
-            std::uint64_t bits = 0;
-            std::memcpy(&bits, p + i, sizeof(T));
-            const std::uint64_t infinity = sizeof(T) == 4 ? 0x7f800000u : 0x7ff0000000000000u;
-            const std::uint64_t sign = std::uint64_t(1) << (8 * sizeof(T) - 1);
-            add((bits & ~sign) > infinity ? 42 : bits);
-        }
-    }
-    void add(float x) {
-        addValues(&x, 1);
-    }
-    void add(double x) {
-        addValues(&x, 1);
-    }
-    void add(bool b) {
-        add(std::uint64_t(b));
-    }
-    void add(int i) {
-        add(std::uint64_t(i));
-    }
-    void add(unsigned int i) {
-        add(std::uint64_t(i));
-    }
-    template <template <class> class V, class T>
-    void add(const V<T>& v) {
-        addValues(reinterpret_cast<const T*>(&v), int(sizeof v / sizeof(T)));
-    }
-    void add(const Vector6& v) {
-        addValues(&v[0], 6);
-    }
-    void add(const Ky::KyTransform& t) {
-        addValues(&t[0][0], 16);
-    }
-    template <class T>
-    Vector3T<T> vector() {
-        T x[] = {number<T>(), number<T>(), number<T>()};
-        return Vector3T<T>(x);
-    }
-    template <class T>
-    Vector4T<T> vector4() {
-        return Vector4T<T>{vector<T>(), number<T>()};
-    }
-    template <class T>
-    Matrix44T<T> matrix() {
-        const Vector4T<T> a = vector4<T>(), b = vector4<T>(), c = vector4<T>();
-        return Matrix44T<T>(a, b, c, vector4<T>());
-    }
-    template <class T>
-    BoundingBoxT<T> box() {
-        const Vector3T<T> a = vector<T>();
-        return BoundingBoxT<T>(a, vector<T>());
+    template <class V>
+    void add(const V& v) {
+        digest.add(v);
     }
 };
 
@@ -124,10 +52,10 @@ void addShared(Run& run, V a, V b, T s) {
 template <class T>
 void vectors(Run& run) {
     using V = Vector3T<T>;
-    V a = run.vector<T>(), b = run.vector<T>(), c = run.vector<T>();
-    const T s = run.number<T>(), t = run.number<T>();
+    V a = run.draw<Vector3T<T>>(), b = run.draw<Vector3T<T>>(), c = run.draw<Vector3T<T>>();
+    const T s = run.draw<T>(), t = run.draw<T>();
     addShared(run, a, b, s);
-    Vector4T<T> k = run.vector4<T>(), h(a, s);
+    Vector4T<T> k = run.draw<Vector4T<T>>(), h(a, s);
     addShared(run, h, k, s);
     const V n = (b - a).cross(c - a);
     run.add(n * (a + b)), run.add(V::distance(a, n)), run.add(V::distanceSqr(n, b));
@@ -137,7 +65,7 @@ void vectors(Run& run) {
     c.setCross(u, v), a.orthogonalize(b), n.project(b, &u, &v);
     double wide[3];
     V::set(wide, c);
-    run.addValues(wide, 3);
+    run.digest.add(wide, 3);
     b.set(u.x(), V::constCast(&a.x())->y(), V::cast(&c.x())->z());
     run.add(a), run.add(b), run.add(c), run.add(u), run.add(v);
 
@@ -156,8 +84,8 @@ void vectors(Run& run) {
 template <class T>
 void rotations(Run& run) {
     using Q = QuaternionT<T>;
-    const Vector3T<T> v = run.vector<T>();
-    T x[] = {run.number<T>(), run.number<T>(), run.number<T>(), run.number<T>()}, y[4];
+    const Vector3T<T> v = run.draw<Vector3T<T>>();
+    T x[] = {run.draw<T>(), run.draw<T>(), run.draw<T>(), run.draw<T>()}, y[4];
     Q q(x), p(x[3], x[0], x[2], x[1]), r;
     run.add(q.rotate(v) + p * v), run.add(r), run.add(q * p * q);
     r = q + p * x[0] - q, r += p, r -= q, r *= p, r *= x[1], r.invert(), p.setInverse(q);
@@ -173,8 +101,8 @@ void rotations(Run& run) {
 template <class T>
 void matrices(Run& run) {
     using M = Matrix44T<T>;
-    M m = run.matrix<T>(), n(&m[0][0]), i;
-    const Vector4T<T> v = run.vector4<T>();
+    M m = run.draw<Matrix44T<T>>(), n(&m[0][0]), i;
+    const Vector4T<T> v = run.draw<Vector4T<T>>();
     const T s = v.w();
     run.add(M::multiplyWithVector(m, M::multiplyWithVector(n, v) + v)), run.add(m.row(1)),
         run.add(i);
@@ -192,8 +120,9 @@ void matrices(Run& run) {
 template <class T>
 void bounds(Run& run) {
     using B = BoundingBoxT<T>;
-    const Vector3T<T> p = run.vector<T>(), q = run.vector<T>();
-    B a = run.box<T>(), b = run.box<T>(), c, d(p[0], p[1], p[2], q[0], q[1], q[2]);
+    const Vector3T<T> p = run.draw<Vector3T<T>>(), q = run.draw<Vector3T<T>>();
+    B a = run.draw<BoundingBoxT<T>>(), b = run.draw<BoundingBoxT<T>>(), c,
+      d(p[0], p[1], p[2], q[0], q[1], q[2]);
     c += a, c += b, d.expandBy(q[0], p[1], q[2]);
     run.add((a + d).center()), run.add(c.getBBSize()), run.add(a.radius()), run.add(b.radius2());
     run.add(c.contains(p)), run.add(a.intersect(p, q)), run.add(B::isBetween(p[0], q[0], p[1]));
@@ -216,7 +145,8 @@ void bounds(Run& run) {
 }
 
 void others(Run& run) {
-    const Vector3d p = run.vector<double>(), q = run.vector<double>(), r = run.vector<double>();
+    const Vector3d p = run.draw<Vector3T<double>>(), q = run.draw<Vector3T<double>>(),
+                   r = run.draw<Vector3T<double>>();
     Vector6 a(p, q), b(p[0], p[1], p[2], q[0], q[1], r[0]);
     a.add(b), b.sub(a), a.scale(r[1]), a[2] = b[1], b = a, b.set(q, r);
     run.add(a.dot(b)), run.add(b.norm()), run.add(static_cast<const Vector6&>(a)[2]), run.add(a);
@@ -232,7 +162,7 @@ void others(Run& run) {
         run.add(line.isParallel(segment));
     run.add(line.closestPointFactor(r));
 
-    const Matrix44d m = run.matrix<double>();
+    const Matrix44d m = run.draw<Matrix44T<double>>();
     Ky::KyTransform t(1, 2, 3, p[0], 4, 5, 6, p[1], 7, 8, 9, p[2], 1, 2, 3, 4), u;
     u.set(&m[0][0]), u.setTranslation(t.getTranslation() + p);
     run.add(u.transformPoint(q) - u.transformDirection(r)), run.add(t == u || t != u);
@@ -248,8 +178,11 @@ void others(Run& run) {
 
 void print(const char* name, void (*chains)(Run&)) {
     Run run;
-    for (int i = 0; i < 2000; ++i) chains(run);
-    std::printf("%s %016llx\n", name, static_cast<unsigned long long>(run.digest));
+    for (int i = 0; i < 2000; ++i) {
+        run.in.nextCall();
+        chains(run);
+    }
+    std::printf("%s %016llx\n", name, static_cast<unsigned long long>(run.digest.value()));
 }
 
 }  // namespace

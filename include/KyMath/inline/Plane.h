@@ -30,11 +30,6 @@ template <class T>
 KY_SMALL PlaneT<T>::PlaneT(const Vector4T<T>& v) {
     set(v);
 }
-template <class T>
-KY_SMALL PlaneT<T>::PlaneT(const Vector3T<T>& normal, const Vector3T<T>& point) {
-    set(normal[0], normal[1], normal[2],
-        -normal[0] * point[0] - normal[1] * point[1] - normal[2] * point[2]);
-}
 
 template <class T>
 KY_SMALL void PlaneT<T>::set(T a, T b, T c, T d) {
@@ -64,6 +59,12 @@ KY_SMALL unsigned int PlaneT<T>::lowerBBCorner() const {
 }
 
 #if KY_INLINE_ARITHMETIC
+
+template <class T>
+KY_SMALL PlaneT<T>::PlaneT(const Vector3T<T>& normal, const Vector3T<T>& point) {
+    set(normal[0], normal[1], normal[2],
+        -normal[0] * point[0] - normal[1] * point[1] - normal[2] * point[2]);
+}
 
 template <class T>
 KY_SMALL bool PlaneT<T>::operator==(const PlaneT& plane) const {
