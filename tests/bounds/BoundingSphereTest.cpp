@@ -58,15 +58,13 @@ TEST(BoundingSphereTest, KeepsTheSphereThatHoldsTheOther) {
 
 TEST(BoundingSphereTest, GrowsByABoxToItsCorners) {
     const BoundingBoxd box(-1, -2, -2, 3, 2, 2);
-    const BoundingSphere around(Vector3d(1, 0, 0), std::sqrt(12.0));
-    expectGrown(around, around, BoundingSphere(), box);
-    expectGrown(around, around, at(5, kNaN<double>), box);
-    BoundingSphere s(Vector3d(1, 0, 0), 1);
-    s.expandRadiusBy(box);
-    EXPECT_BITS(around, s);
+    const Vector3d c(1, 0, 0);
+    const BoundingSphere around(c, std::sqrt(12.0));
+    for (const auto& empty : {BoundingSphere(), at(5, kNaN<double>)})
+        expectGrown(around, around, empty, box);
+    EXPECT_BITS(around, after(BoundingSphere(c, 1), [&](auto& s) { s.expandRadiusBy(box); }));
     for (const double x : {below(-1.0), kNaN<double>}) {
-        const BoundingBoxd invalid(-1, -2, -2, x, 2, 2);
-        expectGrown(at(1, 2), at(1, 2), at(1, 2), invalid);
+        expectGrown(at(1, 2), at(1, 2), at(1, 2), BoundingBoxd(-1, -2, -2, x, 2, 2));
     }
 }
 

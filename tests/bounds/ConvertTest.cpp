@@ -25,7 +25,7 @@ TEST(ConvertTest, FloatsAreTheNearestDoublesAreExact) {
     both(Vector2d(v.x(), v.y()));
     both(v);
     both(Vector4d(v.x(), v.y(), v.z(), random.plain() / 3));
-    both(random.unitQuaternion());
+    both(Quaterniond(v, 1));
     both(random.matrix() *= 1 / 3.0);
     both(random.box());
     both(Planed(v, random.vector()));

@@ -66,36 +66,28 @@ TEST(KyTransformTest, QuaternionTiesGoToTheLowerIndex) {
 TEST(KyTransformTest, DirectionBecomesTheXAxis) {
     const M m(2, 0, 0, 7, 0, 4, 0, 8, 0, 0, 5, 9, 1, 2, 3, 6);
     const M unitY(2, 0, 0, 7, 0, 1, 0, 8, 0, 0, 5, 9, 1, 2, 3, 6);
+    const auto check = [&](const M& expected, const Vector3d& direction, double tol) {
+        const bool succeeds = expected[2][2] != 5;
+        KyTransform set(m), made(m);
+        EXPECT_EQ(succeeds, set.setRotation(direction, tol)) << direction[0] << ": " << tol;
+        EXPECT_EQ(succeeds, made.makeRotation(direction, tol));
+        EXPECT_BITS(expected, set.toMatrix44());
+        EXPECT_BITS(succeeds ? changed(M(), 3, expected).row(0) : m.row(0),
+                    made.toMatrix44().row(0));
+    };
     const auto axes = [&m](const Vector3d& x, const Vector3d& y) {
         return changed(m, 3, Transformation::createRotationFromAxesT(x, y, x.cross(y)));
     };
-    const M along = axes(Vector3d(1, 0, 0), Vector3d(0, 0, -1));
+    check(axes(Vector3d(1, 0, 0), Vector3d(0, 0, -1)), Vector3d(0.5, 0, 0), below(0.5));
+    check(axes(Vector3d(0, 0, 1), Vector3d(0, -1, 0)), Vector3d(0, 0, 3), 1e-6);
+    // Nothing is changed for a short direction or a short y, the length of y for one along y.
+    check(m, Vector3d(0.5, 0, 0), 0.5);
+    check(m, Vector3d(9, 0, 0), 4);
+    for (const double y : {3.0, -3.0}) check(unitY, Vector3d(0, y, 0), 1e-6);
+    // The tolerance is that of 1 - cosine as well, which is 0.4 here, and may equal it.
     const Vector3d oblique(4, 3, 0), x(oblique * (1 / 5.0));
-    const struct {
-        Vector3d direction;
-        double tolerance;
-        bool succeeds;
-        M expected;
-    } cases[] = {
-        {{3, 0, 0}, 1e-6, true, along},
-        {{0, 0, 3}, 1e-6, true, axes(Vector3d(0, 0, 1), Vector3d(0, -1, 0))},
-        {{0.5, 0, 0}, below(0.5), true, along},
-        {{0.5, 0, 0}, 0.5, false, m},  // nothing is changed for a short direction
-        {{9, 0, 0}, 4, false, m},      // or a short y
-        {{0, 3, 0}, 1e-6, false, unitY},
-        {{0, -3, 0}, 1e-6, false, unitY},
-        // The tolerance is that of 1 - cosine as well, which is 0.4 here, and may equal it.
-        {oblique, 1 - x[1], true, axes(x, Vector3d(0, 0, -x[0] * (1 / std::sqrt(x[0] * x[0]))))},
-        {oblique, above(1 - x[1]), false, unitY},
-    };
-    for (const auto& c : cases) {
-        KyTransform set(m), made(m);
-        EXPECT_EQ(c.succeeds, set.setRotation(c.direction, c.tolerance)) << &c - cases;
-        EXPECT_EQ(c.succeeds, made.makeRotation(c.direction, c.tolerance));
-        EXPECT_BITS(c.expected, set.toMatrix44());
-        EXPECT_BITS(changed(c.expected, c.succeeds ? 4 : 3, changed(M(), 3, c.expected)),
-                    made.toMatrix44());
-    }
+    check(axes(x, Vector3d(0, 0, -x[0] * (1 / std::sqrt(x[0] * x[0])))), oblique, 1 - x[1]);
+    check(unitY, oblique, above(1 - x[1]));
 }
 
 // Deliberate: the float 0.01, widened.
