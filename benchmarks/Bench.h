@@ -130,7 +130,7 @@ struct RotationsInputs {
     std::vector<T> points = numbers<T>(3 * kCount, -1, 1, 3);
     std::vector<T> times = numbers<T>(kCount, 0, 1, 4);
     std::vector<T> inputs = quaternions<T>(5), others = quaternions<T>(6);
-    std::vector<T> turns = transforms<T>(1, 7);
+    std::vector<T> turns = transforms<T>(1, 7), otherTurns = transforms<T>(1, 8);
 };
 struct RigidInputs {
     std::vector<double> inputs = transforms<double>(1, 7), others = transforms<double>(1, 8);

@@ -19,9 +19,9 @@ namespace {
 constexpr std::size_t kObjects = 32;  // with their arguments, so few that they stay in the cache
 constexpr std::size_t kPasses = 8;    // so few that results do not run away
 
-/// What writes text, throws, or may only follow its counterpart; arrays have rows of their own.
+/// What writes text, throws, or may only follow its counterpart.
 bool hasNoRow(const std::string& name) {
-    for (const char* const part : {"print", "<<", "Batch", "f::operator Ky::KyReal4*",
+    for (const char* const part : {"print", "<<", "f::operator Ky::KyReal4*",
                                    "f::operator const Ky::KyReal4*", "popCurrentMask"}) {
         if (name.find(part) != std::string::npos) return true;
     }

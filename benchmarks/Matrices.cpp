@@ -79,6 +79,15 @@ M<T> inverse(const M<T>& m) {
 }
 
 template <class T>
+M<T> transpose(const M<T>& m) {
+    M<T> n;
+    for (int c = 0; c < 4; ++c) {
+        for (int r = 0; r < 4; ++r) n.v[4 * c + r] = m.v[4 * r + c];
+    }
+    return n;
+}
+
+template <class T>
 M<T> rigidInverse(const M<T>& m) {
     const T* const t = m.v + 12;
     M<T> n;
@@ -115,6 +124,14 @@ void addAll() {
     KY_OURS(T, "direction", KyMath::Transformation::transformDirectionT(a[i], p3[i]),
             xyz(byVector(la[i], lp3[i].v, T(0))));
     KY_OURS(T, "general inverse", a[i].inverse(), inverse(la[i]));
+    ours<T>(
+        "transpose",
+        [=](std::size_t i) {
+            Matrix r = a[i];
+            r.transpose();
+            return r;
+        },
+        [=](std::size_t i) { return transpose(la[i]); });
     KY_OURS(T, "rigid inverse", t[i].inverse_orthogonal(), rigidInverse(lt[i]));
     KY_OURS(T, "determinant", a[i].determinant(), determinant(la[i]));
 }

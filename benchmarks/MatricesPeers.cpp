@@ -28,6 +28,7 @@ void addAll() {
     KY_PEER(T, "direction", Eigen, E3(ea[i].template topLeftCorner<3, 3>() * ep3[i]));
     KY_PEER_AND_LOOP(T, "general inverse", Eigen, E(ea[i].inverse()));
     KY_PEER(T, "rigid inverse", Eigen, Rigid(et[i].inverse()));
+    KY_PEER(T, "transpose", Eigen, E(ea[i].transpose()));
     KY_PEER(T, "determinant", Eigen, ea[i].determinant());
 
     using G = GlmMatrix<T>;
@@ -45,6 +46,7 @@ void addAll() {
     });
     KY_PEER(T, "direction", GLM, (glm::mat<3, 3, T>(ga[i]) * gp3[i]));
     KY_PEER_AND_LOOP(T, "general inverse", GLM, glm::inverse(ga[i]));
+    KY_PEER(T, "transpose", GLM, glm::transpose(ga[i]));
     KY_PEER(T, "determinant", GLM, glm::determinant(ga[i]));
 
     using I = Imath::Matrix44<T>;
@@ -66,6 +68,7 @@ void addAll() {
         return p;
     });
     KY_PEER_AND_LOOP(T, "general inverse", Imath, ia[i].inverse());
+    KY_PEER(T, "transpose", Imath, ia[i].transposed());
     KY_PEER(T, "determinant", Imath, ia[i].determinant());
 
     if constexpr (std::is_same_v<T, double>) {

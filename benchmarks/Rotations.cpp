@@ -7,6 +7,7 @@
 #include <KyMath/Transformation.h>
 
 #include <math.h>  // sincos, an extension of the C library
+#include <algorithm>
 
 using namespace bench;
 
@@ -121,6 +122,16 @@ Q<T> slerp(const Q<T>& p, Q<T> q, T t) {
 }
 
 template <class T>
+Q<T> fromDirections(const T* a, const T* b) {  // neither equal nor opposite
+    const double d = double(a[0] * b[0] + a[1] * b[1] + a[2] * b[2]);
+    const double m = 0.5 * std::min(std::max(d, -1.0), 1.0);
+    T x = a[1] * b[2] - a[2] * b[1], y = a[2] * b[0] - a[0] * b[2], z = a[0] * b[1] - a[1] * b[0];
+    const T k = 1 / std::sqrt(x * x + y * y + z * z);
+    const T s = std::sqrt(T(0.5 - m));
+    return {std::sqrt(T(0.5 + m)), x * k * s, y * k * s, z * k * s};
+}
+
+template <class T>
 M<T> quaternionToMatrix(const Q<T>& q) {
     typename Lanes<T>::Type unit;
     std::memcpy(&unit, q.v, sizeof unit);
@@ -227,7 +238,8 @@ void addAll() {
     using Vector = KyMath::Vector3T<T>;
     using Quaternion = KyMath::QuaternionT<T>;
     using Matrix = KyMath::Matrix44T<T>;
-    const auto [angles, scales, points, times, inputs, others, turns] = RotationsInputs<T>();
+    const auto [angles, scales, points, times, inputs, others, turns, otherTurns] =
+        RotationsInputs<T>();
     const auto* const e = load<Vector>(angles);
     const auto* const n = load<T>(angles);
     const auto* const s = load<Vector>(scales);
@@ -236,12 +248,16 @@ void addAll() {
     const auto* const a = load<Quaternion>(inputs);
     const auto* const b = load<Quaternion>(others);
     const auto* const m = load<Matrix>(turns);
+    const auto direction = [](const T* turn) { return Vector(turn[0], turn[1], turn[2]); };
+    const auto* const from = load<Vector>(turns, 16, direction);
+    const auto* const to = load<Vector>(otherTurns, 16, direction);
     const auto* const le = load<V<T>>(angles);
     const auto* const ls = load<V<T>>(scales);
     const auto* const lp = load<V<T>>(points);
     const auto* const la = load<Q<T>>(inputs);
     const auto* const lb = load<Q<T>>(others);
     const auto* const lm = load<M<T>>(turns);
+    const auto* const lto = load<M<T>>(otherTurns);
 
     KY_OURS(T, "Euler to matrix",
             Transformation::createRotationT(n[3 * i], n[3 * i + 1], n[3 * i + 2]),
@@ -259,6 +275,14 @@ void addAll() {
     KY_OURS(T, "quaternion product", a[i] * b[i], product(la[i], lb[i]));
     KY_OURS(T, "quaternion rotate", a[i].rotate(p[i]), rotate(la[i], lp[i]));
     KY_OURS(T, "slerp", a[i].slerp(b[i], t[i]), slerp(la[i], lb[i], t[i]));
+    ours<T>(
+        "quaternion from directions",
+        [=](std::size_t i) {
+            Quaternion r;
+            r.fromRotation(from[i], to[i]);
+            return r;
+        },
+        [=](std::size_t i) { return fromDirections(lm[i].v, lto[i].v); });
     KY_OURS(T, "quaternion to matrix", Transformation::createRotationT(a[i]),
             quaternionToMatrix(la[i]));
     KY_OURS(T, "matrix to quaternion", Transformation::getRotationAsQuaternionT(m[i], false),

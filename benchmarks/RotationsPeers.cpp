@@ -15,7 +15,8 @@ Eigen::Quaternion<T> eigenTurn(const EigenVector3<T>& e) {
 
 template <class T>
 void addAll() {
-    const auto [angles, scales, points, times, inputs, others, turns] = RotationsInputs<T>();
+    const auto [angles, scales, points, times, inputs, others, turns, otherTurns] =
+        RotationsInputs<T>();
     const auto* const t = load<T>(times);
 
     using E3 = EigenVector3<T>;
@@ -32,6 +33,12 @@ void addAll() {
     KY_PEER_AND_LOOP(T, "quaternion product", Eigen, ea[i] * eb[i]);
     KY_PEER_AND_LOOP(T, "quaternion rotate", Eigen, E3(ea[i] * ep[i]));
     KY_PEER_AND_LOOP(T, "slerp", Eigen, ea[i].slerp(t[i], eb[i]));
+    const auto eigenDirection = [](const EigenMatrix<T>& m) {
+        return m.template block<3, 1>(0, 0);
+    };
+    const auto* const eo = load<EigenMatrix<T>>(otherTurns);
+    KY_PEER(T, "quaternion from directions", Eigen,
+            EQ::FromTwoVectors(eigenDirection(em[i]), eigenDirection(eo[i])));
     KY_PEER_AND_LOOP(T, "quaternion to matrix", Eigen, E33(ea[i].toRotationMatrix()));
     KY_PEER_AND_LOOP(T, "matrix to quaternion", Eigen, EQ(em[i].template topLeftCorner<3, 3>()));
 
@@ -65,6 +72,8 @@ void addAll() {
     KY_PEER_AND_LOOP(T, "quaternion product", GLM, ga[i] * gb[i]);
     KY_PEER_AND_LOOP(T, "quaternion rotate", GLM, ga[i] * gp[i]);
     KY_PEER_AND_LOOP(T, "slerp", GLM, glm::slerp(ga[i], gb[i], t[i]));
+    const auto* const go = load<G44>(otherTurns);
+    KY_PEER(T, "quaternion from directions", GLM, glm::rotation(G3(gm[i][0]), G3(go[i][0])));
     KY_PEER_AND_LOOP(T, "quaternion to matrix", GLM, glm::mat4_cast(ga[i]));
     KY_PEER_AND_LOOP(T, "matrix to quaternion", GLM, glm::quat_cast(gm[i]));
 
@@ -101,6 +110,14 @@ void addAll() {
     KY_PEER_AND_LOOP(T, "quaternion product", Imath, ia[i] * ib[i]);
     KY_PEER_AND_LOOP(T, "quaternion rotate", Imath, ip[i] * ia[i]);
     KY_PEER_AND_LOOP(T, "slerp", Imath, Imath::slerpShortestArc(ia[i], ib[i], t[i]));
+    const auto* const io = load<I44>(otherTurns);
+    peer<T>("quaternion from directions", "Imath", [=](std::size_t i) {
+        IQ q;
+        const T* const a = im[i][0];
+        const T* const b = io[i][0];
+        q.setRotation(I3(a[0], a[1], a[2]), I3(b[0], b[1], b[2]));
+        return q;
+    });
     KY_PEER_AND_LOOP(T, "quaternion to matrix", Imath, ia[i].toMatrix44());
     KY_PEER_AND_LOOP(T, "matrix to quaternion", Imath, Imath::extractQuat(im[i]));
 
