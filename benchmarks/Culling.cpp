@@ -112,6 +112,65 @@ void cullTree(Polytope& view, const Node& node, const BoundingBoxd* boxes, unsig
     view.popCurrentMask();
 }
 
+/// The boxes of a tree in depth-first order.
+struct FlatTree {
+    std::vector<BoundingBoxd> boxes;
+    std::vector<unsigned int> descendants;
+
+    FlatTree(const Node& node, const std::vector<BoundingBoxd>& leaves) {
+        add(node, leaves);
+    }
+    void add(const Node& node, const std::vector<BoundingBoxd>& leaves) {
+        const std::size_t self = boxes.size();
+        boxes.push_back(node.box);
+        descendants.push_back(0);
+        for (const Node& child : node.children) add(child, leaves);
+        if (node.children.empty()) {
+            for (std::size_t i = node.begin; i < node.end; ++i) {
+                boxes.push_back(leaves[i]);
+                descendants.push_back(0);
+            }
+        }
+        descendants[self] = unsigned(boxes.size() - self - 1);
+    }
+};
+
+/// A box is tested against the planes that the box above it straddles; nothing is below a side.
+void limitTree(const std::vector<LimitPlane>& planes, const Values<double, 6>* boxes,
+               const unsigned int* descendants, std::size_t n, signed char* sides,
+               unsigned int* masks) {
+    struct Level {
+        std::size_t end;
+        unsigned int mask;
+    };
+    std::vector<Level> above = {{n, (1u << planes.size()) - 1}};
+    for (std::size_t i = 0; i < n;) {
+        while (above.back().end == i) above.pop_back();
+        signed char side = 1;
+        unsigned int straddled = 0;
+        for (unsigned int rest = above.back().mask; rest != 0; rest &= rest - 1) {
+            const LimitPlane& p = planes[unsigned(__builtin_ctz(rest))];
+            if (p.distance(boxes[i], ~p.upper & 7) > 0) continue;
+            if (0 > p.distance(boxes[i], p.upper)) {
+                side = -1;
+                break;
+            }
+            side = 0;
+            straddled |= rest & -rest;
+        }
+        const std::size_t end = i + 1 + descendants[i];
+        masks[i] = straddled;
+        if (side == 0) {
+            sides[i] = 0;
+            if (descendants[i] > 0) above.push_back({end, straddled});
+            ++i;
+        } else {
+            std::memset(sides + i, side, end - i);
+            i = end;
+        }
+    }
+}
+
 void addBoxes() {
     const auto inputs = sceneBoxes();
     const auto* const boxes = load<BoundingBoxd>(inputs);
@@ -148,7 +207,26 @@ void addBoxes() {
         return out->data();
     };
     demandSame("hierarchy", 0, flat(), kItems, deep(), kItems);
-    if constexpr (!kLimits) addWhole("100,000 boxes in a hierarchy/d/ours", deep, kItems);
+    if constexpr (!kLimits) addWhole("hierarchy of 100,000, single calls/d/ours", deep, kItems);
+
+    const auto nodes = std::make_shared<FlatTree>(*tree, sorted);
+    const std::size_t n = nodes->boxes.size();
+    const auto masks = std::make_shared<std::vector<unsigned int>>(n);
+    using Sides = std::vector<signed char>;
+    oursWhole<double>(
+        "hierarchy of 100,000, one call",
+        [=, out = std::make_shared<Sides>(n)] {
+            KyMath::Batch::cullTree(*view, nodes->boxes.data(), nodes->descendants.data(),
+                                    out->data(), masks->data(), n);
+            return out->data();
+        },
+        [=, out = std::make_shared<Sides>(n),
+         // A box is its six values.
+         values = reinterpret_cast<const Values<double, 6>*>(nodes->boxes.data())] {
+            limitTree(planes, values, nodes->descendants.data(), n, out->data(), masks->data());
+            return out->data();
+        },
+        kItems);
 }
 
 template <class T>
