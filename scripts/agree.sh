@@ -77,7 +77,7 @@ for flags in "${clients[@]}"; do
         echo "a client with $compiler $flags"
     done
 done
-for flag in -Ofast -ffast-math -funsafe-math-optimizations; do
+for flag in -Ofast -ffast-math -funsafe-math-optimizations -mdaz-ftz -mpc32 -mpc64; do
     said=$(cmake -S "$root" -B "$out/refused" -G Ninja -DCMAKE_BUILD_TYPE=None -DKYMATH_TESTS=OFF \
         -DCMAKE_CXX_FLAGS="-O2 $flag" -DKYMATH_EXAMPLES=OFF 2>&1) || true
     [[ $said == *"Build KyMath without $flag"* ]] || { echo "$flag is not refused" && status=1; }

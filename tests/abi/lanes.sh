@@ -5,7 +5,7 @@
 # lanes.sh ARCHIVE LIBRARY, compiled for every x86-64: of functions, the source that is compiled for AVX2
 # defines its own set of kernels and nothing else. Where other sources define a function too, the linker
 # could take that of this one, which crashes on a processor without AVX2, and passes every other test on
-# one that has it. That source holds no instruction beyond AVX2, every other none beyond SSE, and the
+# one that has it. That source holds no instruction beyond AVX2, every other none beyond SSE2, and the
 # library nothing that changes the mode of the processor, as -ffast-math links.
 set -euo pipefail
 defined=$(nm -AC --defined-only --extern-only "$1" | grep -E 'Avx2\.cpp\.o:[0-9a-f]+ [TW] ' || true)
@@ -15,8 +15,9 @@ if grep -vF 'Kernels<(KyMath::internal::Isa)1>::' <<<"$defined"; then
     exit 1
 fi
 
-# "rep bsf" reads as tzcnt, and is for every processor.
-beyond='andn|bextr|bls(i|r|msk)|bzhi|mulx|pdep|pext|rorx|s[ahr][lr]x|lzcnt|ldmxcsr'
+# "rep bsf" reads as tzcnt, and is for every processor. Those of SSE3 have no other name, and emulators run
+# them on every processor; those of AVX begin with v.
+beyond='addsubp[ds]|h(add|sub)p[ds]|lddqu|mov(d|sh|sl)dup|fisttp.*|andn|bextr|bls(i|r|msk)|bzhi|mulx|pdep|pext|rorx|s[ahr][lr]x|lzcnt|ldmxcsr'
 found=$({ objdump -d --no-show-raw-insn "$1"; echo 'Avx2.cpp.o:'; objdump -d --no-show-raw-insn "$2"; } |
     awk -F '\t' -v beyond="^($beyond|vfn?m(add|sub).*) " '
         /\.o:/ { avx2 = /Avx2\.cpp/; source = $1 }
