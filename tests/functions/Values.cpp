@@ -150,7 +150,8 @@ void Inputs::components(T* out, int n) {
     const unsigned kind = pick(16, 0);
     if (kind < 7) {
         for (int i = 0; i < n; ++i) out[i] = plain<T>();
-    } else if (kind < 9) {  // tiny or huge as a whole
+        if (ordinary_ && below(4) == 0) out[below(unsigned(n))] = 0;  // square to an axis
+    } else if (kind < 9) {                                            // tiny or huge as a whole
         const int exponent = std::numeric_limits<T>::min_exponent / 2 * (int(below(5)) - 2);
         for (int i = 0; i < n; ++i) out[i] = std::ldexp(plain<T>(), exponent);
     } else if (kind == 9) {  // along an axis
