@@ -62,6 +62,8 @@ KY_TEST(FormulasTest, Vector3) {
     EXPECT_BITS(T(49), V::distanceSqr(a, V(3, 5, 9)));
     EXPECT_BITS(T(7), V::distance(V(3, 5, 9), a));
     EXPECT_EQ(V(0, 5, 3), V(2, -3, 5).getOrthogonal());
+    EXPECT_BITS(V(1, 0, 3), after(a, [](V& v) { v.orthogonalize(V(0, 8, 0)); }));
+    EXPECT_BITS(a, after(a, [](V& v) { v.orthogonalize(V(0, -T(0), 0)); }));
     EXPECT_BITS(a, V(a.x(), a.y(), a.z()));
     EXPECT_BITS(a, after(V(), [](V& v) { v.x() = 1, v.y() = 2, v.z() = 3; }));
     EXPECT_BITS(a, after(V(), [](V& v) { v.set(1, 2, 3); }));

@@ -24,15 +24,6 @@ KY_PROPERTY(Properties, SignsAreExact, (Vec<T> a, Vec<T> b)) {
     RC_ASSERT(a * a.getOrthogonal() == 0 && a.getOrthogonal().isZero() == a.isZero());
 }
 
-// Rounding commutes with powers of two.
-KY_PROPERTY(Properties, NormalisationIgnoresPowersOfTwo, (Vec<T> v, short n)) {
-    RC_PRE(!v.isZero());
-    Vec<T> a = v, b = v * std::ldexp(T(1), n % (sizeof(T) == 4 ? 24 : 400));
-    a.normalize(), b.normalize();
-    RC_ASSERT(a == b && gap(a * v.norm(), v) <= bound<T>(4, size(v)));
-    RC_ASSERT(std::abs(size(a) - 1) <= bound<T>(4, 1));
-}
-
 // At most ten roundings of a component along d, which is no longer than v.
 KY_PROPERTY(Properties, PartsAlongAndAcrossSumUp, (Vec<T> v, Vec<T> d)) {
     const Vec<T> dir = unit(d), rest = after(v, [&](Vec<T>&x) { x.orthogonalize(d); });
