@@ -96,10 +96,14 @@ bool manyPointsAreFreed() {
 /// No call with ordinary arguments raises a floating-point exception other than inexact and
 /// underflow.
 bool raisesNothing(const Function& function) {
-    static int raised;
+    static int trapped, raised;
+    // A box and a line along an axis: the largest number, in place of 1 / 0, may overflow.
+    const bool line =
+        function.name.find("intersect(const V&, const V&) const") != std::string::npos;
+    trapped = FE_INVALID | FE_DIVBYZERO | (line ? 0 : FE_OVERFLOW);
     raised = 0;
     hooks = {[] { std::feclearexcept(FE_ALL_EXCEPT); },
-             [] { raised |= std::fetestexcept(FE_INVALID | FE_DIVBYZERO | FE_OVERFLOW); }};
+             [] { raised |= std::fetestexcept(trapped); }};
     Inputs in = inputsOf(function, true);
     for (int i = 0; i < 1000; ++i) call(function, in);
     return raised == 0;
