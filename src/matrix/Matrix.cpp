@@ -69,6 +69,10 @@ template <class T>
 bool Matrix44T<T>::areEqualTol(const Matrix44T& a, const Matrix44T& b, double tol) {
     return a.isEqual(b, T(tol));
 }
+template <class T>
+bool Matrix44T<T>::isFinite() const {
+    return internal::isFinite(v_);
+}
 
 template <class T>
 Matrix44T<T>::Matrix44T(Unset) {}

@@ -110,7 +110,7 @@ void matrices(Run& run) {
     const M& c = m;
     run.add(c.column(2)), run.add(c(0, 3)), run.add(c[1][2]), run.add(c[2u][1]), run.add(c[1l][0]),
         run.add(c[2ul][1]);
-    run.add(m == n || m != i || m.isFinite()), run.add(static_cast<const T*>(c)[5]);
+    run.add(m == n || m != i), run.add(static_cast<const T*>(c)[5]);
     run.add(M(reinterpret_cast<const T(*)[4]>(static_cast<T*>(m))));
     run.add(M::multiply(m, s)), run.add(M::divide(i, s)), run.add(n *= s), run.add(M(i) == i);
     Transformation::setTranslationT(n, Transformation::getTranslationT(m) * s);

@@ -35,7 +35,8 @@ KY_SMALL void BoundingBoxT<T>::set(T xMin, T yMin, T zMin, T xMax, T yMax, T zMa
 }
 template <class T>
 KY_SMALL void BoundingBoxT<T>::set(const Vector3T<T>& min, const Vector3T<T>& max) {
-    *this = BoundingBoxT(min, max);  // through a copy: min may be the current maximum
+    // All values are read first: min may be the current maximum.
+    set(min[0], min[1], min[2], max[0], max[1], max[2]);
 }
 
 template <class T>

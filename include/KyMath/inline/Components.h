@@ -10,8 +10,13 @@
 #endif
 
 // Component-wise work on the arrays in vectors, quaternions and matrices: one loop each, unrolled
-// by the compiler. Sums start with the first term and run left to right.
+// by the compiler, which must be told so where it does not optimise as it does for the library.
+// Sums start with the first term and run left to right.
+#ifdef KYMATH_INLINE
 #define KY_UNROLL _Pragma("GCC unroll 16")
+#else
+#define KY_UNROLL
+#endif
 
 KY_EXACT_BEGIN
 namespace KyMath {
@@ -54,10 +59,31 @@ KY_HELPER constexpr T largest() {
     return sizeof(T) == sizeof(float) ? T(__FLT_MAX__) : T(__DBL_MAX__);
 }
 
+/// A register of every processor, as values in memory.
+template <class T>
+struct Register {
+    typedef T Values __attribute__((vector_size(16), aligned(sizeof(T)), may_alias));
+    static constexpr unsigned long count = 16 / sizeof(T);
+};
+template <class T>
+KY_HELPER typename Register<T>::Values& at(T* p) {
+    return *reinterpret_cast<typename Register<T>::Values*>(p);
+}
+template <class T>
+KY_HELPER const typename Register<T>::Values& at(const T* p) {
+    return *reinterpret_cast<const typename Register<T>::Values*>(p);
+}
+
 template <class T, unsigned long N>
 KY_HELPER void copy(T (&a)[N], const T* b) {
     KY_UNROLL
     for (unsigned long i = 0; i < N; ++i) a[i] = b[i];
+}
+/// Of a matrix, as a whole.
+template <class T>
+KY_HELPER void assign(T (&a)[16], const T (&b)[16]) {
+    KY_UNROLL
+    for (unsigned long i = 0; i < 16; i += Register<T>::count) at(a + i) = at(b + i);
 }
 
 template <class T, unsigned long N>
@@ -82,6 +108,12 @@ template <class T, unsigned long N>
 KY_HELPER void scale(T (&a)[N], T s) {
     KY_UNROLL
     for (unsigned long i = 0; i < N; ++i) a[i] *= s;
+}
+
+template <class T>
+KY_HELPER void scale(T (&a)[16], T s) {
+    KY_UNROLL
+    for (unsigned long i = 0; i < 16; i += Register<T>::count) at(a + i) *= s;
 }
 
 template <class T, unsigned long N>

@@ -22,7 +22,7 @@ KY_SMALL Matrix44T<T>::Matrix44T(T a0, T a1, T a2, T a3, T a4, T a5, T a6, T a7,
 
 template <class T>
 KY_SMALL Matrix44T<T>::Matrix44T(const T* p) {
-    internal::copy(v_, p);
+    internal::assign(v_, *reinterpret_cast<const T(*)[16]>(p));
 }
 
 template <class T>
@@ -40,12 +40,12 @@ KY_SMALL Matrix44T<T>::Matrix44T(const Vector4T<T>& c0, const Vector4T<T>& c1,
 
 template <class T>
 KY_SMALL Matrix44T<T>::Matrix44T(const Matrix44T& m) {
-    internal::copy(v_, m.v_);
+    internal::assign(v_, m.v_);
 }
 
 template <class T>
 KY_SMALL Matrix44T<T>& Matrix44T<T>::operator=(const Matrix44T& m) {
-    internal::copy(v_, m.v_);
+    internal::assign(v_, m.v_);
     return *this;
 }
 
@@ -85,21 +85,12 @@ KY_SMALL Matrix44T<T>::operator const T*() const {
 
 namespace internal {
 
-/// Values of one register, of every processor.
-template <class T>
-struct Register {
-    typedef T Values __attribute__((vector_size(16), aligned(sizeof(T)), may_alias));
-};
-
 /// p = m (x, y, z, w), by columns: each value sums its own row, in order.
 template <class T>
 KY_HELPER void timesVector(T (&p)[4], const T (&m)[16], T x, T y, T z, T w) {
-    typedef typename Register<T>::Values Values;
-    const unsigned long n = sizeof(Values) / sizeof(T);
     KY_UNROLL
-    for (unsigned long i = 0; i < 4; i += n) {
-        const Values* const a = reinterpret_cast<const Values*>(m + i);
-        *reinterpret_cast<Values*>(p + i) = a[0] * x + a[4 / n] * y + a[8 / n] * z + a[12 / n] * w;
+    for (unsigned long i = 0; i < 4; i += Register<T>::count) {
+        at(p + i) = at(m + i) * x + at(m + i + 4) * y + at(m + i + 8) * z + at(m + i + 12) * w;
     }
 }
 
@@ -112,10 +103,6 @@ KY_SMALL bool Matrix44T<T>::operator==(const Matrix44T& m) const {
 template <class T>
 KY_SMALL bool Matrix44T<T>::operator!=(const Matrix44T& m) const {
     return !(*this == m);
-}
-template <class T>
-KY_SMALL bool Matrix44T<T>::isFinite() const {
-    return internal::isFinite(v_);
 }
 template <class T>
 KY_SMALL Matrix44T<T> Matrix44T<T>::multiply(const Matrix44T& m, T s) {

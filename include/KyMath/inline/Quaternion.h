@@ -132,32 +132,18 @@ KY_SMALL T QuaternionT<T>::norm() const {
 }
 #ifdef KYMATH_INLINE  // the library has a kernel
 
-namespace internal {
-
-template <class T>
-KY_HELPER void quaternionProduct(T (&q)[4], const T (&a)[4], const T (&b)[4]) {
-    const T w = a[0] * b[0] - a[1] * b[1] - a[2] * b[2] - a[3] * b[3];
-    const T x = a[0] * b[1] + a[1] * b[0] + a[2] * b[3] - a[3] * b[2];
-    const T y = a[0] * b[2] + a[2] * b[0] + a[3] * b[1] - a[1] * b[3];
-    const T z = a[0] * b[3] + a[3] * b[0] + a[1] * b[2] - a[2] * b[1];
-    q[0] = w;
-    q[1] = x;
-    q[2] = y;
-    q[3] = z;
-}
-
-}  // namespace internal
-
-template <class T>
-KY_SMALL QuaternionT<T>& QuaternionT<T>::operator*=(const QuaternionT& q) {
-    internal::quaternionProduct(v_, v_, q.v_);
-    return *this;
-}
 template <class T>
 KY_SMALL QuaternionT<T> QuaternionT<T>::operator*(const QuaternionT& q) const {
-    QuaternionT product(*this);
-    product *= q;
-    return product;
+    const T* const a = v_;
+    const T* const b = q.v_;
+    return QuaternionT(a[0] * b[0] - a[1] * b[1] - a[2] * b[2] - a[3] * b[3],
+                       a[0] * b[1] + a[1] * b[0] + a[2] * b[3] - a[3] * b[2],
+                       a[0] * b[2] + a[2] * b[0] + a[3] * b[1] - a[1] * b[3],
+                       a[0] * b[3] + a[3] * b[0] + a[1] * b[2] - a[2] * b[1]);
+}
+template <class T>
+KY_SMALL QuaternionT<T>& QuaternionT<T>::operator*=(const QuaternionT& q) {
+    return *this = *this * q;
 }
 
 #endif
@@ -183,7 +169,12 @@ template <class T>
 KY_SMALL Vector3T<T> QuaternionT<T>::rotate(const Vector3T<T>& v) const {
     const T w = v_[0];
     const Vector3T<T> u(v_ + 1);
-    return v * (w * w - u * u) + u * (2 * (u * v)) + u.cross(v) * (2 * w);
+    const T a = w * w - u * u;
+    const T b = 2 * (u * v);
+    const T c = 2 * w;
+    const Vector3T<T> n = u.cross(v);
+    return Vector3T<T>(v[0] * a + u[0] * b + n[0] * c, v[1] * a + u[1] * b + n[1] * c,
+                       v[2] * a + u[2] * b + n[2] * c);
 }
 template <class T>
 KY_SMALL Vector3T<T> QuaternionT<T>::operator*(const Vector3T<T>& v) const {

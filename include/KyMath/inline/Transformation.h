@@ -27,10 +27,10 @@ KY_SMALL void setTranslationT(Matrix44T<T>& m, const Vector3T<T>& t) {
 }
 
 #ifdef KYMATH_INLINE
-extern template KY_API Vector3T<float> getTranslationT(const Matrix44T<float>&);
-extern template KY_API Vector3T<double> getTranslationT(const Matrix44T<double>&);
-extern template KY_API void setTranslationT(Matrix44T<float>&, const Vector3T<float>&);
-extern template KY_API void setTranslationT(Matrix44T<double>&, const Vector3T<double>&);
+extern template Vector3T<float> getTranslationT(const Matrix44T<float>&);
+extern template Vector3T<double> getTranslationT(const Matrix44T<double>&);
+extern template void setTranslationT(Matrix44T<float>&, const Vector3T<float>&);
+extern template void setTranslationT(Matrix44T<double>&, const Vector3T<double>&);
 #endif
 
 }  // namespace Transformation

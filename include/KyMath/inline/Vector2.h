@@ -86,7 +86,8 @@ KY_SMALL Vector2T<T>& Vector2T<T>::operator/=(T s) {
 }
 template <class T>
 KY_SMALL Vector2T<T> Vector2T<T>::operator/(T s) const {
-    return Vector2T(*this) /= s;
+    const T r = 1 / s;
+    return Vector2T(v_[0] * r, v_[1] * r);
 }
 template <class T>
 KY_SMALL Vector2T<T>& Vector2T<T>::operator+=(const Vector2T& v) {
@@ -95,7 +96,7 @@ KY_SMALL Vector2T<T>& Vector2T<T>::operator+=(const Vector2T& v) {
 }
 template <class T>
 KY_SMALL Vector2T<T> Vector2T<T>::operator+(const Vector2T& v) const {
-    return Vector2T(*this) += v;
+    return Vector2T(v_[0] + v.v_[0], v_[1] + v.v_[1]);
 }
 template <class T>
 KY_SMALL Vector2T<T>& Vector2T<T>::operator-=(const Vector2T& v) {
@@ -104,7 +105,7 @@ KY_SMALL Vector2T<T>& Vector2T<T>::operator-=(const Vector2T& v) {
 }
 template <class T>
 KY_SMALL Vector2T<T> Vector2T<T>::operator-(const Vector2T& v) const {
-    return Vector2T(*this) -= v;
+    return Vector2T(v_[0] - v.v_[0], v_[1] - v.v_[1]);
 }
 
 template <class T>

@@ -30,6 +30,7 @@ KY_SMALL void Vector3T<T>::set(T x, T y, T z) {
 
 template <class T>
 KY_SMALL void Vector3T<T>::set(double* out, const Vector3T& v) {
+    KY_UNROLL
     for (int i = 0; i < 3; ++i) out[i] = double(v.v_[i]);
 }
 
@@ -79,6 +80,9 @@ KY_SMALL const Vector3T<T>* Vector3T<T>::constCast(const T* p) {
 
 #if KY_INLINE_ARITHMETIC
 
+// Sums and products are made of their values, not of a copy: a compiler copies by wide loads, which
+// stall where the values have just been stored one by one.
+
 template <class T>
 KY_SMALL bool Vector3T<T>::operator==(const Vector3T& v) const {
     return internal::equal(v_, v.v_);
@@ -115,7 +119,7 @@ KY_SMALL Vector3T<T>& Vector3T<T>::operator*=(T s) {
 }
 template <class T>
 KY_SMALL Vector3T<T> Vector3T<T>::operator*(const T& s) const {
-    return Vector3T(*this) *= s;
+    return Vector3T(v_[0] * s, v_[1] * s, v_[2] * s);
 }
 template <class T>
 KY_SMALL Vector3T<T>& Vector3T<T>::operator/=(T s) {
@@ -123,7 +127,7 @@ KY_SMALL Vector3T<T>& Vector3T<T>::operator/=(T s) {
 }
 template <class T>
 KY_SMALL Vector3T<T> Vector3T<T>::operator/(const T& s) const {
-    return Vector3T(*this) /= s;
+    return *this * (1 / s);
 }
 template <class T>
 KY_SMALL Vector3T<T>& Vector3T<T>::operator+=(const Vector3T& v) {
@@ -132,7 +136,7 @@ KY_SMALL Vector3T<T>& Vector3T<T>::operator+=(const Vector3T& v) {
 }
 template <class T>
 KY_SMALL Vector3T<T> Vector3T<T>::operator+(const Vector3T& v) const {
-    return Vector3T(*this) += v;
+    return Vector3T(v_[0] + v.v_[0], v_[1] + v.v_[1], v_[2] + v.v_[2]);
 }
 template <class T>
 KY_SMALL Vector3T<T>& Vector3T<T>::operator-=(const Vector3T& v) {
@@ -141,13 +145,11 @@ KY_SMALL Vector3T<T>& Vector3T<T>::operator-=(const Vector3T& v) {
 }
 template <class T>
 KY_SMALL Vector3T<T> Vector3T<T>::operator-(const Vector3T& v) const {
-    return Vector3T(*this) -= v;
+    return Vector3T(v_[0] - v.v_[0], v_[1] - v.v_[1], v_[2] - v.v_[2]);
 }
 template <class T>
 KY_SMALL Vector3T<T> Vector3T<T>::operator-() const {
-    Vector3T r(*this);
-    internal::negate(r.v_);
-    return r;
+    return Vector3T(-v_[0], -v_[1], -v_[2]);
 }
 template <class T>
 KY_SMALL void Vector3T<T>::multComp(const Vector3T& v) {
@@ -155,9 +157,7 @@ KY_SMALL void Vector3T<T>::multComp(const Vector3T& v) {
 }
 template <class T>
 KY_SMALL Vector3T<T> Vector3T<T>::multComp(const Vector3T& a, const Vector3T& b) {
-    Vector3T r(a);
-    r.multComp(b);
-    return r;
+    return Vector3T(a.v_[0] * b.v_[0], a.v_[1] * b.v_[1], a.v_[2] * b.v_[2]);
 }
 template <class T>
 KY_SMALL void Vector3T<T>::addMultiple(const T& s, const Vector3T& v) {
@@ -240,7 +240,7 @@ KY_SMALL void Vector3T<T>::orthogonalize(const Vector3T& v) {
     if (v.isZero()) return;
     const T k = 1 / v.normSquare();
     const T d = *this * v;
-    for (int i = 0; i < 3; ++i) v_[i] = v_[i] - k * (d * v.v_[i]);
+    set(v_[0] - k * (d * v.v_[0]), v_[1] - k * (d * v.v_[1]), v_[2] - k * (d * v.v_[2]));
 }
 
 template <class T>
