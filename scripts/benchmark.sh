@@ -11,10 +11,10 @@
 #     --clang    by Clang instead, the loops alone: only prints their table
 . "$(dirname "$(readlink -f "$0")")/common.sh"
 takes '--quick|--update|--clang' "$@"
-preset=release filter=. rounds=5 repeats=5 picture=build/performance.svg update=''
+preset=release filter=. rounds=5 repeats=5 time=0.01 picture=build/performance.svg update=''
 for option in "$@"; do
     case $option in
-    --quick) rounds=2 repeats=2 ;;
+    --quick) rounds=2 repeats=3 time=0.003 ;;
     --update) update=1 ;;
     --clang) preset=clang filter=^loop picture='' ;;
     esac
@@ -33,7 +33,7 @@ for ((round = 0; round < rounds; ++round)); do
     for program in build/$preset/benchmarks/benchmark_*; do
         [[ $program == *_functions ]] && continue
         "$program" --benchmark_filter=$filter --benchmark_enable_random_interleaving=true \
-            --benchmark_repetitions=$repeats --benchmark_min_time=0.01 --benchmark_format=json \
+            --benchmark_repetitions=$repeats --benchmark_min_time=$time --benchmark_format=json \
             >$results/${program#*/benchmark_}.$round.json 2>$results/messages ||
             { cat $results/messages >&2 && exit 1; }
     done
