@@ -75,18 +75,6 @@ static KY_INLINE ValuePairs<T> gatherPairs(const Group<T>& group, std::size_t k)
     }
 }
 
-/// Writes values 0, 1 and 2 of each element.
-template <class T>
-static KY_INLINE void scatter(Strided<T> out, const Group<T>& group, Wide<T> x, Wide<T> y,
-                              Wide<T> z) {
-    for (std::size_t i = group.begin, k = 0; i < group.end; ++i, ++k) {
-        T* const p = at(out, i);
-        p[0] = x[k];
-        p[1] = y[k];
-        p[2] = z[k];
-    }
-}
-
 }  // namespace KyMath::internal
 
 #endif

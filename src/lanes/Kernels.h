@@ -69,10 +69,25 @@ struct Kernels {
     static void transformPositions(const T* m, Strided<const T> in, Strided<T> out, std::size_t n);
     template <class T>
     static void transformDirections(const T* m, Strided<const T> in, Strided<T> out, std::size_t n);
+    /// As KyTransform::transformPoint() and transformDirection()
+    static void transformRigidPoints(const double* m, Strided<const double> in, Strided<double> out,
+                                     std::size_t n);
+    static void transformRigidDirections(const double* m, Strided<const double> in,
+                                         Strided<double> out, std::size_t n);
+    template <class T>
+    static void dots(Strided<const T> a, Strided<const T> b, Strided<T> out, std::size_t n);
+    template <class T>
+    static void crosses(Strided<const T> a, Strided<const T> b, Strided<T> out, std::size_t n);
+    template <class T>
+    static void norms(Strided<const T> in, Strided<T> out, std::size_t n);
+    template <class T>
+    static void normalized(Strided<const T> in, Strided<T> out, std::size_t n);
     template <class T>
     static void transformBoxes(const T* m, Strided<const T> in, Strided<T> out, std::size_t n);
     template <class T>
     static void matrixProducts(Strided<const T> a, Strided<const T> b, Strided<T> m, std::size_t n);
+    template <class T>
+    static void inverses(Strided<const T> in, Strided<T> out, std::size_t n);
     static void compounds(Strided<const double> a, Strided<const double> b, Strided<double> t,
                           std::size_t n);
     /// sides[i] = 1, -1 or 0
@@ -80,8 +95,9 @@ struct Kernels {
     static void classify(const CullPlane<T>& plane, Strided<const T> boxes, signed char* sides,
                          std::size_t n);
     /// visible[i] = 0 if the box is wholly outside any of the planes in the mask, otherwise 1
-    static void cull(const CullPlane<double>* planes, unsigned int mask,
-                     Strided<const double> boxes, unsigned char* visible, std::size_t n);
+    template <class T>
+    static void cull(const CullPlane<T>* planes, unsigned int mask, Strided<const T> boxes,
+                     unsigned char* visible, std::size_t n);
     /// sides[i] = 1 if the box is inside all planes in the mask, -1 if outside any, otherwise 0,
     /// and masks[i] = the planes that it straddles
     static void cullWithMasks(const CullPlane<double>* planes, unsigned int mask,

@@ -78,12 +78,12 @@ static KY_INLINE Lanes<double> load(const double* p) {
 namespace {
 
 #ifdef __AVX__
-template <class T>
-constexpr std::size_t kWide = 32 / sizeof(T);
+constexpr std::size_t kRegister = 32;
 #else
-template <class T>
-constexpr std::size_t kWide = 16 / sizeof(T);
+constexpr std::size_t kRegister = 16;
 #endif
+template <class T>
+constexpr std::size_t kWide = kRegister / sizeof(T);
 
 }  // namespace
 
@@ -171,6 +171,24 @@ static KY_INLINE unsigned int bitsOf(Bits holds) {
     }
 #endif
     return static_cast<unsigned int>(bits);
+}
+
+/// The square root in each lane of a register.
+template <class V>
+static KY_INLINE V squareRoot(V v) {
+    constexpr bool kFloats = sizeof v[0] == 4;
+    if constexpr (sizeof v == 16 && kFloats) {
+        return reinterpret_cast<V>(_mm_sqrt_ps(reinterpret_cast<__m128>(v)));
+    } else if constexpr (sizeof v == 16) {
+        return reinterpret_cast<V>(_mm_sqrt_pd(reinterpret_cast<__m128d>(v)));
+    }
+#ifdef __AVX__
+    else if constexpr (kFloats) {
+        return reinterpret_cast<V>(_mm256_sqrt_ps(reinterpret_cast<__m256>(v)));
+    } else {
+        return reinterpret_cast<V>(_mm256_sqrt_pd(reinterpret_cast<__m256d>(v)));
+    }
+#endif
 }
 
 /// The first three lanes of v and the last of w.

@@ -4,7 +4,9 @@
 
 #include <sys/mman.h>
 
+#include <algorithm>
 #include <cfenv>
+#include <tuple>
 #include <vector>
 
 namespace KyMath::test {
@@ -108,6 +110,36 @@ void expectLikeSingle(const Array<V>& values, All all, One one) {
     }
 }
 
+/// all(in..., out, n, strides...) must do what one(value...) does for each of n, into an array of
+/// its own and within structures, and with the first of each in for all.
+template <class One, class All, class... In>
+void expectEach(One one, All all, const Array<In>&... values) {
+    using Out = decltype(one(values[0]...));
+    for (std::size_t n = 0; n <= kMost; ++n) {
+        const auto members = [n](const auto& list) {
+            using V = typename std::decay_t<decltype(list)>::value_type;
+            Array<Member<V>> m(n);
+            for (std::size_t i = 0; i < n; ++i) m[i].value = list[i];
+            return m;
+        };
+        Array<Out> out(n), forAll(n);
+        Array<Member<Out>> member(n);
+        std::tuple<Array<Member<In>>...> inMembers{members(values)...};
+        all((values.data() + kMost - n)..., out.data(), n, sizeof(In)..., sizeof(Out));
+        all((values.data() + kMost - 1)..., forAll.data(), n, (sizeof(In) * 0)..., sizeof(Out));
+        std::apply(
+            [&](auto&... in) {
+                all(valuesOf(in)..., valuesOf(member), n, sizeof in[0]..., sizeof member[0]);
+            },
+            inMembers);
+        for (std::size_t i = 0; i < n; ++i) {
+            EXPECT_BITS(one(values[kMost - n + i]...), out[i]) << i << " of " << n;
+            EXPECT_BITS(one(values[kMost - 1]...), forAll[i]) << i << " of " << n;
+            EXPECT_BITS(one(values[i]...), member[i].value) << i << " of " << n;
+        }
+    }
+}
+
 template <class T>
 class BatchTest : public ::testing::Test {
 protected:
@@ -176,6 +208,79 @@ TYPED_TEST(BatchTest, MultipliesLikeSingleCalls) {
     }
 }
 
+TYPED_TEST(BatchTest, DoesLikeSingleCalls) {
+    using T = TypeParam;
+    using V = Vec<T>;
+    using Q = Quat<T>;
+    using M = Mat<T>;
+    auto& corpus = this->corpus;
+    auto vectors = this->vectors(), others = this->vectors();
+    vectors[0] = vectors[kMost - 1] = V();
+    vectors[4] = others[4];
+    const auto normalized = [](auto v) { return after(v, [](auto& a) { a.normalize(); }); };
+    const auto quaternion = [&] {
+        const V v = corpus.vector();
+        return Q(corpus.plain(), v.x(), v.y(), v.z());
+    };
+    const auto unit = [&] { return normalized(quaternion()); };
+    auto quaternions = list<Q>(quaternion);
+    const auto units = list<Q>(unit), ends = list<Q>(unit);
+    quaternions[1] = Q(0, 0, 0, 0);
+    const auto t = list<T>([&] { return std::abs(corpus.plain()) / 10; });
+    const auto radii = list<T>([&] { return std::abs(corpus.plain()); });
+    const auto matrices = list<M>([&] { return corpus.matrix(); });
+    const auto normalOf = [](const V& a, const V& b, const V& c) {
+        return after(V(), [&](V& n) { V::planeNormal(a, b, c, n); });
+    };
+    using namespace Transformation;
+#define EACH(name, one, ...) \
+    expectEach(              \
+        one, [](auto... a) { Batch::name(a...); }, __VA_ARGS__)
+    EACH(
+        dot, [](const V& a, const V& b) { return a * b; }, vectors, others);
+    EACH(
+        cross, [](const V& a, const V& b) { return a.cross(b); }, vectors, others);
+    EACH(
+        norm, [](const V& v) { return v.norm(); }, vectors);
+    EACH(normalize, normalized, vectors);
+    EACH(planeNormals, normalOf, vectors, others, this->vectors());
+    EACH(
+        multiply, [](const Q& a, const Q& b) { return a * b; }, quaternions, units);
+    EACH(
+        rotate, [](const Q& q, const V& v) { return q.rotate(v); }, quaternions, others);
+    EACH(
+        slerp, [](const Q& a, const Q& b, T s) { return a.slerp(b, s); }, units, ends, t);
+    EACH(normalize, normalized, quaternions);
+    EACH(
+        createRotations, [](const Q& q) { return createRotationT(q); }, units);
+    EACH(
+        createRotations, [](const V& v) { return createRotationT(v.x(), v.y(), v.z()); }, others);
+    EACH(
+        inverse, [](const M& m) { return m.inverse(); }, matrices);
+#undef EACH
+    for (const bool flag : {false, true}) {
+        expectEach([&](const M& m) { return getRotationAsQuaternionT(m, flag); },
+                   [&](auto* in, auto... a) { Batch::getRotationsAsQuaternions(in, flag, a...); },
+                   matrices);
+        expectEach([&](const M& m) { return getRotationT(m, flag); },
+                   [&](auto* in, auto... a) { Batch::getRotations(in, flag, a...); }, matrices);
+    }
+    for (std::size_t n = 0; n <= kMost; ++n) {
+        Box<T> grown(V(1, 2, 3), V(1, 2, 3)), expected = grown;
+        Batch::expandBy(grown, vectors.data() + kMost - n, n);
+        Array<signed char> sides(n);
+        const PlaneT<T> plane(T(0.6), T(0.8), 0, 1);
+        Batch::classify(plane, others.data() + kMost - n, radii.data() + kMost - n, sides.data(),
+                        n);
+        for (std::size_t i = 0; i < n; ++i) {
+            const V &p = vectors[kMost - n + i], &c = others[kMost - n + i];
+            expected.expandBy(p.x(), p.y(), p.z());
+            EXPECT_EQ(plane.intersectBoundingSphere(c, radii[kMost - n + i]), sides[i]);
+        }
+        EXPECT_BITS(expected, grown);
+    }
+}
+
 TYPED_TEST(BatchTest, ClassifiesLikeSingleCalls) {
     using T = TypeParam;
     const auto boxes = this->boxes();
@@ -218,6 +323,38 @@ TEST_F(BatchDoubleTest, CompoundsLikeSingleCalls) {
     }
 }
 
+TEST_F(BatchDoubleTest, TransformsByRigidTransformsLikeSingleCalls) {
+    const Ky::KyTransform m(corpus.matrix());
+    expectLikeSingle(
+        vectors(), [&](auto... a) { Batch::transformPoints(m, a...); },
+        [&](const auto& p) { return m.transformPoint(p); });
+    expectLikeSingle(
+        vectors(), [&](auto... a) { Batch::transformDirections(m, a...); },
+        [&](const auto& d) { return m.transformDirection(d); });
+}
+
+TEST(BatchFloatTest, CullsLikeThePlanesOfAFrustum) {
+    Corpus<float> corpus(1);
+    Frustum frustum;
+    frustum.setToWorldSpaceFrustum(Matrix44f(), Transformation::createScaleT(0.2f, 0.3f, 0.25f));
+    int seen[2] = {};
+    for (std::size_t n = 0; n < 40; ++n) {
+        Array<BoundingBoxf> boxes(n);
+        for (auto& box : boxes) box = corpus.box();
+        Array<unsigned char> visible(n);
+        Batch::cull(frustum, boxes.data(), visible.data(), n);
+        for (std::size_t i = 0; i < n; ++i) {
+            int side = 1;
+            for (unsigned k = 0; k < 6; ++k) {
+                side = std::min(side, frustum.getPlane(k).intersect(boxes[i]));
+            }
+            EXPECT_EQ(side >= 0, visible[i]) << i << " of " << n;
+            ++seen[visible[i]];
+        }
+    }
+    EXPECT_TRUE(seen[0] > 9 && seen[1] > 9);
+}
+
 struct Node {
     unsigned descendants;
     BoundingBoxd box;
@@ -256,7 +393,7 @@ TEST_F(BatchDoubleTest, CullsTreesLikeTheProtocol) {
     // Of the last plane, which is steeper than it seems, the upper corner is the lower one.
     const Polytope region(
         {{1, 0.2, 0, 6}, {-1, 0.1, 0, 7}, {0, -1, 0.3, 5}, {0, 0, 1, 8}, {1e-17, 0, 0, 0}});
-    Polytope within = region, most(std::vector<Planed>(32, Planed(0.1, 1, 0.2, 3)));
+    Polytope within = region, most(std::vector<Planed>(32, Planed(0.1, 1, 0.2, 2)));
     within.contains(BoundingBoxd(-1, 0, -1, 7, 7, 7));
     within.pushCurrentMask();
     most.add(Planed(0, 0, 0, -1));  // the 33rd does not count

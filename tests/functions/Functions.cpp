@@ -470,6 +470,32 @@ void multiplyByOne(const Matrix44T<T>& a, const Matrix44T<T>* b, Matrix44T<T>* o
     Batch::multiply(a, b, out, count);
 }
 
+std::uint64_t cullByFrustum(const Frustum& frustum, const BoundingBoxf* boxes, std::size_t count) {
+    Array<unsigned char> visible;
+    Batch::cull(frustum, boxes, visible.data(), count);
+    return pack(visible);
+}
+template <class T>
+std::uint64_t classifySpheres(const PlaneT<T>& plane, const Vector3T<T>* centers, const T* radii,
+                              std::size_t count) {
+    Array<signed char> sides;
+    Batch::classify(plane, centers, radii, sides.data(), count);
+    return pack(sides);
+}
+template <class T>
+BoundingBoxT<T> expandBy(const BoundingBoxT<T>& box, const Vector3T<T>* points, std::size_t count) {
+    BoundingBoxT<T> grown(box);
+    Batch::expandBy(grown, points, count);
+    return grown;
+}
+template <class T>
+void getRotationsAsQuaternions(const Matrix44T<T>* in, QuaternionT<T>* out, std::size_t count) {
+    Batch::getRotationsAsQuaternions(in, true, out, count);
+}
+template <class T>
+void getRotations(const Matrix44T<T>* in, Vector3T<T>* out, std::size_t count) {
+    Batch::getRotations(in, true, out, count);
+}
 template <class T>
 void intersectTriangles(const Vector3T<T>& origin, const Vector3T<T>& direction,
                         const Vector3T<T>* corners, T* t, std::size_t count) {
@@ -483,15 +509,35 @@ void add(Table& table) {
     using Box = BoundingBoxT<T>;
     using Scalars = Array<T>;
     using Matrices = Array<M>;
+    using Quaternions = Array<QuaternionT<T>>;
     using Vectors = Array<Vector3T<T>>;
     using Boxes = Array<BoundingBoxT<T>>;
-    table.add("bounds", "Batch" + kLetter<T>, 1,
-              ARRAYS(void, transformPositions<T>, (const M&, const Vectors&, Vectors&)),
-              ARRAYS(void, transformDirections<T>, (const M&, const Vectors&, Vectors&)),
-              ARRAYS(void, transformBoxes<T>, (const M&, const Boxes&, Boxes&)),
-              ARRAYS(void, multiply<T>, (const Matrices&, const Matrices&, Matrices&)),
-              ARRAYS(void, multiplyByOne<T>, (const M&, const Matrices&, Matrices&)),
-              ARRAYS(std::uint64_t, classify<T>, (const PlaneT<T>&, const Boxes&)));
+    table.add(
+        "bounds", "Batch" + kLetter<T>, 1,
+        ARRAYS(void, transformPositions<T>, (const M&, const Vectors&, Vectors&)),
+        ARRAYS(void, transformDirections<T>, (const M&, const Vectors&, Vectors&)),
+        ARRAYS(void, transformBoxes<T>, (const M&, const Boxes&, Boxes&)),
+        ARRAYS(void, multiply<T>, (const Matrices&, const Matrices&, Matrices&)),
+        ARRAYS(void, multiplyByOne<T>, (const M&, const Matrices&, Matrices&)),
+        ARRAYS(std::uint64_t, classify<T>, (const PlaneT<T>&, const Boxes&)),
+        ARRAYS(void, dot<T>, (const Vectors&, const Vectors&, Scalars&)),
+        ARRAYS(void, cross<T>, (const Vectors&, const Vectors&, Vectors&)),
+        ARRAYS(void, norm<T>, (const Vectors&, Scalars&)),
+        ARRAYS(void, normalize<T>, (const Vectors&, Vectors&)),
+        ARRAYS(void, planeNormals<T>, (const Vectors&, const Vectors&, const Vectors&, Vectors&)),
+        ARRAYS(void, multiply<T>, (const Quaternions&, const Quaternions&, Quaternions&)),
+        ARRAYS(void, rotate<T>, (const Quaternions&, const Vectors&, Vectors&)),
+        ARRAYS(void, slerp<T>,
+               (const Quaternions&, const Quaternions&, const Scalars&, Quaternions&)),
+        ARRAYS(void, normalize<T>, (const Quaternions&, Quaternions&)),
+        ARRAYS(void, createRotations<T>, (const Quaternions&, Matrices&)),
+        ARRAYS(void, createRotations<T>, (const Vectors&, Matrices&)),
+        ARRAYS(void, getRotationsAsQuaternions<T>, (const Matrices&, Quaternions&)),
+        ARRAYS(void, getRotations<T>, (const Matrices&, Vectors&)),
+        ARRAYS(void, inverse<T>, (const Matrices&, Matrices&)),
+        ARRAYS(Box, expandBy<T>, (const Box&, const Vectors&)),
+        ARRAYS(std::uint64_t, classifySpheres<T>,
+               (const PlaneT<T>&, const Vectors&, const Scalars&)));
     using Rays::intersectBox;
     using Rays::intersectBoxes;
     using Rays::intersectTriangle;
@@ -505,7 +551,11 @@ void add(Table& table) {
 }
 void addDouble(Table& table) {
     using Transforms = Array<Ky::KyTransform>;
+    using Vectors = Array<Vector3d>;
     table.add("bounds", "Batch", 1,
+              ARRAYS(void, transformPoints, (const Ky::KyTransform&, const Vectors&, Vectors&)),
+              ARRAYS(void, transformDirections, (const Ky::KyTransform&, const Vectors&, Vectors&)),
+              ARRAYS(std::uint64_t, cullByFrustum, (const Frustum&, const Array<BoundingBoxf>&)),
               ARRAYS(void, compound, (const Transforms&, const Transforms&, Transforms&)),
               ARRAYS(std::uint64_t, cull, (const Polytope&, const Array<BoundingBoxd>&)),
               ARRAYS(std::uint64_t, cullWithMasks, (const Polytope&, const Array<BoundingBoxd>&)),
