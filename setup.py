@@ -3,6 +3,7 @@
 """The wheel of the Python module, which CMake builds: for `pip install .`"""
 import pathlib
 import re
+import shutil
 import subprocess
 import sys
 
@@ -21,10 +22,8 @@ class CMakeBuild(build_ext):
                  f"-DPython3_EXECUTABLE={sys.executable}"],
                 ["--build", build, "--target", "kymath_python"]):
             subprocess.run(["cmake", *command], cwd=root, check=True)
-        package = pathlib.Path(self.build_lib, "kymath")
-        package.mkdir(parents=True, exist_ok=True)
-        for module in build.glob("python/kymath/*.so"):
-            self.copy_file(str(module), str(package))
+        shutil.copytree(build / "python/kymath", pathlib.Path(self.build_lib, "kymath"), dirs_exist_ok=True,
+                        ignore=shutil.ignore_patterns("__pycache__"))
 
 
 setup(

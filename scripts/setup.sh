@@ -8,18 +8,20 @@
 #     examples      the programs in examples
 #     peers         other libraries that examples and benchmarks are compared with
 #     tests         to run the tests
-#     python        to build and test the Python module
+#     module        to build the Python module
+#     python        to test it
 #     clang         to build and test by Clang as well
 #     lint docs packages coverage benchmarks   the script of that name
 . "$(dirname "$(readlink -f "$0")")/common.sh"
-takes 'library|examples|peers|tests|python|clang|lint|docs|packages|coverage|benchmarks' "$@"
+takes 'library|examples|peers|tests|module|python|clang|lint|docs|packages|coverage|benchmarks' "$@"
 
 declare -A packages=(
     [library]="g++ make cmake ninja-build" # make: for link-time optimisation on all cores
     [examples]="libpng-dev libcli11-dev"
     [peers]="libeigen3-dev libglm-dev libimath-dev libbullet-dev libassimp-dev assimp-testmodels"
     [tests]="libgtest-dev librapidcheck-dev libeigen3-dev pkg-config abigail-tools xz-utils gdb python3 qemu-user-static"
-    [python]="python3-dev python3-numpy python3-pytest python3-hypothesis python3-matplotlib"
+    [module]="python3-dev python3-numpy"
+    [python]="python3-dev python3-numpy python3-pytest python3-hypothesis python3-matplotlib python3-dask mypy"
     [clang]="clang libclang-rt-dev libc++-dev libc++abi-dev llvm googletest"
     [lint]="clang-format clang-tidy reuse"
     [docs]="doxygen doxygen-awesome-css python3"

@@ -84,6 +84,34 @@ bool classify(char** args, npy_intp count, const npy_intp* steps) {
 template <class T>
 using Product = Matrix44T<T> (*)(const Matrix44T<T>&, const Matrix44T<T>&);
 
+/// Boxes against the planes of a polytope, of all boxes or of each.
+void cull(char** args, const npy_intp* counts, const npy_intp* steps, void*) {
+    const auto regionAt = [&](const char* planes) {
+        std::vector<Planed> list;
+        for (npy_intp i = 0; i < counts[1]; ++i) {
+            list.push_back(Core<Planed>::load(planes + i * steps[3], steps + 4));
+        }
+        return Polytope(list);
+    };
+    const bool one = steps[0] == 0 && steps[2] == 1 && isPlain<BoundingBoxd>(steps[1], steps + 5);
+    try {
+        if (one) {
+            Batch::cull(regionAt(args[0]), reinterpret_cast<BoundingBoxd*>(args[1]),
+                        reinterpret_cast<unsigned char*>(args[2]), std::size_t(counts[0]),
+                        std::size_t(steps[1]));
+        }
+        for (npy_intp n = 0; n < (one ? 0 : counts[0]); ++n) {
+            const auto box = Core<BoundingBoxd>::load(args[1] + n * steps[1], steps + 5);
+            args[2][n * steps[2]] = regionAt(args[0] + n * steps[0]).contains(box);
+        }
+    } catch (const std::bad_alloc&) {
+        const PyGILState_STATE state = PyGILState_Ensure();
+        PyErr_NoMemory();
+        PyGILState_Release(state);
+    }
+    std::feclearexcept(FE_ALL_EXCEPT);
+}
+
 #define KY_KERNELS(T)                                                                   \
     template <>                                                                         \
     inline constexpr Kernel kKernel<&Transformation::transformPositionT<T>> =           \
@@ -130,6 +158,7 @@ void addVector(Space& s) {
     add<&V::norm...>(s, "norm");
     add<&V::length...>(s, "length");
     add<static_cast<void (V::*)()>(&V::normalize)...>(s, "normalize");
+    add<[](const V& v, typename Layout<V>::Scalar divisor) { return v / divisor; }...>(s, "divide");
 }
 
 template <Scalar... T>
@@ -169,6 +198,7 @@ void addMatrix(Space& s) {
     add<&M<T>::areEqualTol...>(s, "areEqualTol");
     add<&M<T>::isFinite...>(s, "isFinite");
     add<static_cast<Product<T>>(&M<T>::multiply)...>(s, "multiply");
+    add<&M<T>::divide...>(s, "divide");
     add<&M<T>::multiplyWithVector...>(s, "multiplyWithVector");
     add<&M<T>::determinant...>(s, "determinant");
     add<&M<T>::inverse...>(s, "inverse");
@@ -236,6 +266,11 @@ void addBounds(Space& boxes, Space& planes) {
     add<&B<T>::getBBSize...>(boxes, "getBBSize");
     add<&B<T>::radius...>(boxes, "radius");
     add<&B<T>::radius2...>(boxes, "radius2");
+    add<static_cast<void (B<T>::*)(T, T, T)>(&B<T>::expandBy)...>(boxes, "expandBy");
+    add<static_cast<void (B<T>::*)(const BoundingSphere&)>(&B<T>::expandBy)...>(boxes,
+                                                                                "expandBy_s");
+    add<[](const B<T>& a, const B<T>& b) { return a + b; }...>(boxes, "add");
+    add<&B<T>::isBetween...>(boxes, "isBetween");
     add<&B<T>::contains...>(boxes, "contains");
     add<&B<T>::intersects...>(boxes, "intersects");
     add<static_cast<B<T> (B<T>::*)(const B<T>&) const>(&B<T>::intersect)...>(boxes, "intersect");
@@ -258,13 +293,24 @@ void addTransform(Space& s) {
     add<&T::isIdentity>(s, "isIdentity");
     add<&T::isValid>(s, "isValid");
     add<static_cast<T& (T::*)(const Quaterniond&)>(&T::setRotation)>(s, "setRotation");
+    add<static_cast<bool (T::*)(V, double)>(&T::setRotation)>(s, "setRotation_dir");
+    add<&T::makeRotationFromQuaternion>(s, "makeRotationFromQuaternion");
+    add<[](T& t, int axis) { t.makeOrthonormal((axis % 3 + 3) % 3); }>(s, "makeOrthonormal");
     add<&T::rotateSelf>(s, "rotateSelf");
+    add<static_cast<T& (T::*)(const Quaterniond&)>(&T::makeRotation)>(s, "makeRotation");
+    add<static_cast<bool (T::*)(V, double)>(&T::makeRotation)>(s, "makeRotation_dir");
+    add<&T::makeFromRotatedVector>(s, "makeFromRotatedVector");
+    add<&T::outerProduct3x3>(s, "outerProduct3x3");
     add<toQuaternion>(s, "toQuaternion");
     add<&T::transformPoint>(s, "transformPoint");
     add<&T::transformDirection>(s, "transformDirection");
     add<compound<&T::compound>>(s, "compound");
     add<compound<&T::compoundFirstThenInverseSecond>>(s, "compoundFirstThenInverseSecond");
     add<compound<&T::compoundInverseFirstThenSecond>>(s, "compoundInverseFirstThenSecond");
+    add<&T::postCompound>(s, "postCompound");
+    add<&T::postCompoundWithInverse>(s, "postCompoundWithInverse");
+    add<&T::preCompound>(s, "preCompound");
+    add<&T::preCompoundWithInverse>(s, "preCompoundWithInverse");
     add<interpolate<&T::interpolateRotation>>(s, "interpolateRotation");
     add<interpolate<&T::interpolate>>(s, "interpolate");
     add<&T::getTranslation>(s, "getTranslation");
@@ -279,6 +325,38 @@ void addEulerAngles(Space& s) {
     add<[](const Matrix44d& m, Order order) { return anglesOf(m, order).angles(); }>(
         s, "fromMatrix44");
     add<&KyEulerAngles::getEulerAngles>(s, "getEulerAngles");
+    add<[](const Vector3d& a, Order orderOfA, const Vector3d& b, Order orderOfB, double tol) {
+        return KyEulerAngles::areEqualTol(KyEulerAngles(a, orderOfA), KyEulerAngles(b, orderOfB),
+                                          tol);
+    }>(s, "areEqualTol");
+}
+
+void addVector6(Space& s) {
+    using V = Vector6;
+    add<&V::add>(s, "add");
+    add<&V::sub>(s, "sub");
+    add<&V::scale>(s, "scale");
+    add<&V::dot>(s, "dot");
+    add<&V::norm>(s, "norm");
+}
+
+void addBoundingSphere(Space& s) {
+    using S = BoundingSphere;
+    add<&S::valid>(s, "valid");
+    add<static_cast<void (S::*)(const Vector3d&)>(&S::expandBy)>(s, "expandBy");
+    add<static_cast<void (S::*)(const S&)>(&S::expandBy)>(s, "expandBy_s");
+    add<static_cast<void (S::*)(const BoundingBoxd&)>(&S::expandBy)>(s, "expandBy_b");
+    add<static_cast<void (S::*)(const Vector3d&)>(&S::expandRadiusBy)>(s, "expandRadiusBy");
+    add<static_cast<void (S::*)(const S&)>(&S::expandRadiusBy)>(s, "expandRadiusBy_s");
+    add<static_cast<void (S::*)(const BoundingBoxd&)>(&S::expandRadiusBy)>(s, "expandRadiusBy_b");
+}
+
+template <Scalar... T>
+void addRays(Space& s) {
+    add<kMeetBox<T>...>(s, "intersect");
+    add<meet<double, 2, BoundingSphere>>(s, "intersect_sphere");
+    add<kMeetPlane<T>...>(s, "intersect_plane");
+    add<kMeetTriangle<T>...>(s, "intersect_triangle");
 }
 
 template <class L>
@@ -319,7 +397,7 @@ namespace {
 void addAll(PyObject* module) {
     const auto space = [module](const char* name) {
         const std::string full = std::string("kymath.arrays.") + name;
-        Space made{name, Ref(PyModule_New(full.c_str()))};
+        Space made{name, Ref(share(PyImport_AddModule(full.c_str())))};
         check(PyModule_AddObjectRef(module, name, made.module.get()));
         return made;
     };
@@ -338,7 +416,15 @@ void addAll(PyObject* module) {
     Space line = space("Line3"), segment = space("Segment3");
     addLine<Line3>(line);
     addLine<Segment3>(segment);
+    Space six = space("Vector6"), spheres = space("BoundingSphere"), rays = space("Rays");
+    addVector6(six);
+    addBoundingSphere(spheres);
+    addRays<float, double>(rays);
+    Space polytope = space("Polytope");
+    const char* const shapes[] = {"(n,4)", "(2,3)", "()"};
+    addUfunc(polytope, "contains", {cull}, {NPY_DOUBLE, NPY_DOUBLE, NPY_BOOL}, 2, shapes, 3);
     Space rest{"kymath", Ref(share(module))};
+    add<&Ky::KY_ARE_EQUAL<double>>(rest, "KY_ARE_EQUAL");
     add<computeAngle>(rest, "KyComputeAngle");
     add<worldSpaceSegment>(rest, "getWorldSpaceSegment");
 }

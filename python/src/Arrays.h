@@ -91,6 +91,19 @@ struct Core<PlaneT<T>> : Core<Vector4T<T>> {
     }
 };
 
+/// A sphere by its centre and its radius.
+template <>
+struct Core<BoundingSphere> : Core<Vector4d> {
+    using Base = Core<Vector4d>;
+    static BoundingSphere load(const char* at, const npy_intp* strides) {
+        const Vector4d v = Base::load(at, strides);
+        return BoundingSphere(v.xyz(), v.w());
+    }
+    static void store(const BoundingSphere& sphere, char* at, const npy_intp* strides) {
+        Base::store(Vector4d(sphere.center(), sphere.radius()), at, strides);
+    }
+};
+
 /// A line by its two points.
 template <std::derived_from<Line3> Line>
 struct Core<Line> : Core<BoundingBoxd> {
@@ -116,7 +129,7 @@ std::tuple<V...> outputs(const std::tuple<V...>& values) {
 }
 template <class V>
 auto outputs(const std::optional<V>& value) {
-    return std::tuple_cat(std::tuple(value.has_value()), outputs(value.value_or(V())));
+    return std::tuple_cat(std::tuple(value.has_value()), outputs(value.value_or(V{})));
 }
 
 /// The outputs of a call: what it returns, before that the object that it changes.

@@ -142,7 +142,8 @@ void addFrustum(PyObject* module) {
     enumerator<F::eFar>(type, "eFar");
     enumerator<F::eNear>(type, "eNear");
     def<&F::setToWorldSpaceFrustum>(type, "setToWorldSpaceFrustum", "view projection");
-    def<[](const F& f, Index<6> i) { return f.getPlane(i); }>(type, "getPlane", "i");
+    def<[](const F& f, Index<6> i) -> const Planef& { return f.getPlane(i); }>(type, "getPlane",
+                                                                               "i");
     type.addTo(module);
 }
 

@@ -314,7 +314,7 @@ void addConstant(PyTypeObject* type, const char* name, PyObject* value) {
 }
 
 void Namespace::addAsMember(PyObject* module) {
-    Ref members(PyModule_New((std::string("kymath.") + name).c_str()));
+    Ref members(share(PyImport_AddModule((std::string("kymath.") + name).c_str())));
     addTo(members.get());
     for (const auto& [key, value] : numbers) {
         check(PyModule_AddObjectRef(members.get(), key, Ref(toPython(value)).get()));

@@ -50,7 +50,7 @@ private:
 };
 
 inline PyObject* share(PyObject* object) {
-    Py_INCREF(object);
+    Py_XINCREF(object);
     return object;
 }
 inline void check(int status) {
@@ -106,7 +106,12 @@ template <class V>
 PyObject* makeObject(const V& value) {
     Object<V>* const object = allocate<V>();
     Ref ref(reinterpret_cast<PyObject*>(object));
-    object->value = new (object->memory) V(value);
+    if constexpr (Numeric<V>) {
+        object->value = new (object->memory) V(value);
+    } else {  // Assignment keeps corners and masks, the copy constructor makes them afresh.
+        object->value = new (object->memory) V();
+        *object->value = value;
+    }
     return ref.release();
 }
 

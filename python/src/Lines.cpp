@@ -74,6 +74,13 @@ void addLines(PyObject* module) {
     def<curve<CreateCurve, eCurveType, const Points&, N>>(space, "CreateCurve",
                                                           "type controls count");
     space.addTo(module);
+    Namespace rays{"Rays"};
+    def<kMeetBox<double>, meet<double, 2, BoundingSphere>, kMeetPlane<double>,
+        kMeetTriangle<double>, kMeetBox<float>, kMeetPlane<float>, kMeetTriangle<float>>(
+        rays, "intersect",
+        "origin direction box|origin direction sphere|origin direction plane|origin direction a b "
+        "c|origin direction box|origin direction plane|origin direction a b c");
+    rays.addAsMember(module);
 }
 
 }  // namespace KyMath::python

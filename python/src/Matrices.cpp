@@ -9,7 +9,7 @@ template <class T>
 struct Decomposition {
     std::tuple<Vector3T<T>, Vector3T<T>, Vector3T<T>, T> parts;
     static std::string annotation() {
-        return "Decomposition";
+        return std::string("Decomposition[") + kName<Vector3T<T>> + "]";
     }
 };
 static PyTypeObject* decompositionType = nullptr;

@@ -128,6 +128,28 @@ std::tuple<double, Vector3d> distanceTo(const L& line, const To& to) {
     return {distance, closest};
 }
 
+/// Where a line meets a shape: kCount numbers, or nothing.
+template <Scalar T, std::size_t kCount, class... Shape>
+auto meet(const Vector3T<T>& origin, const Vector3T<T>& direction, const Shape&... shape) {
+    std::array<T, kCount> at{};
+    const bool hit = std::apply(
+        [&](auto&... t) { return Rays::intersect(origin, direction, shape..., &t...); }, at);
+    const auto numbers = [&] {
+        if constexpr (kCount == 1) {
+            return at[0];
+        } else {
+            return std::apply([](auto... t) { return std::tuple(t...); }, at);
+        }
+    }();
+    return hit ? std::optional(numbers) : std::nullopt;
+}
+template <Scalar T>
+constexpr auto kMeetBox = meet<T, 2, BoundingBoxT<T>>;
+template <Scalar T>
+constexpr auto kMeetPlane = meet<T, 1, PlaneT<T>>;
+template <Scalar T>
+constexpr auto kMeetTriangle = meet<T, 3, Vector3T<T>, Vector3T<T>, Vector3T<T>>;
+
 }  // namespace KyMath::python
 
 #endif

@@ -229,7 +229,9 @@ void Type<V>::addTo(PyObject* module) {
     slot(Py_nb_int, refuseToBeANumber<V>);
     if constexpr (Numeric<V>) slot(Py_bf_getbuffer, getBuffer<V>);
     if constexpr (requires { &V::cast; }) {
-        functions.add("cast", cast<V>, METH_O | METH_STATIC);
+        const std::string line = std::string("cast(buffer: Any) -> ") + kName<V>;
+        functions.add("cast", cast<V>, METH_O | METH_STATIC,
+                      writeDocument(kName<V>, "cast", line.c_str(), false));
     }
     if constexpr (Listed<V>) {
         slot(Py_sq_length, length<V>);

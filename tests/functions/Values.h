@@ -9,6 +9,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <cstdio>
 #include <sstream>
 #include <string>
 #include <type_traits>
@@ -119,7 +120,12 @@ public:
         return hash_;
     }
 
+    static inline std::FILE* trace = nullptr;  ///< If not null: each word goes there too.
+
     void add(std::uint64_t word) {
+        if (trace != nullptr) {
+            std::fprintf(trace, "%llx ", static_cast<unsigned long long>(word));
+        }
         hash_ = (hash_ ^ word) * 0x100000001b3u;
         hash_ ^= hash_ >> 29;
     }

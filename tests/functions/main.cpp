@@ -6,6 +6,9 @@
 //   --threads   each call that changes nothing is made by eight threads at once instead
 //   --memory    each allocation fails in turn instead
 //   --traps     ordinary arguments instead: no call raises what a program may trap
+//   --values    30 calls, and not the digest but what goes into it: the arguments, the result and
+//   the
+//               arguments after the call
 #include "Table.h"
 #include "Uses.h"
 
@@ -48,6 +51,18 @@ bool printResults(const Function& function) {
     }
     std::fprintf(out, "%016llx %s%s%s\n", static_cast<unsigned long long>(digest.value()),
                  function.name.c_str(), libm ? " [libm]" : "", memory ? " [memory]" : "");
+    return true;
+}
+
+bool printValues(const Function& function) {
+    std::fprintf(out, "%s\n", function.name.c_str());
+    Inputs in = inputsOf(function);
+    Digest::trace = out;
+    for (int i = 0; i < 30; ++i) {
+        call(function, in);
+        std::fprintf(out, "\n");
+    }
+    Digest::trace = nullptr;
     return true;
 }
 
@@ -131,6 +146,7 @@ int main(int argc, char** argv) {
         std::fprintf(out, "%zu functions by 8 threads\n", functions().size());
         return !good;
     }
+    if (mode == "--values") return !forAll(printValues, "");
     hooks = {startCounting, stopCounting};
     if (mode == "--memory") {
         good = forAll(isSafeWithoutMemory, "changed or kept something without memory");
