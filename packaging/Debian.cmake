@@ -9,6 +9,9 @@ set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_COMPONENTS_ALL KyMath_runtime KyMath_development KyMath_documentation)
+if(KYMATH_PYTHON)
+    list(APPEND CPACK_COMPONENTS_ALL KyMath_python)
+endif()
 set(CPACK_COMPONENTS_GROUPING IGNORE)
 set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_LIST_DIR}/stage.cmake)
 set(CPACK_KYMATH_SOURCE_DIR ${PROJECT_SOURCE_DIR})
@@ -48,5 +51,12 @@ set(CPACK_DEBIAN_KYMATH_DOCUMENTATION_PACKAGE_ARCHITECTURE all)
 set(CPACK_DEBIAN_KYMATH_DOCUMENTATION_DESCRIPTION
     "3-D geometry, exact to the last bit (documentation)\n${what}
 This package contains the manual and example programs.")
+
+set(CPACK_DEBIAN_KYMATH_PYTHON_PACKAGE_NAME python3-kymath)
+set(CPACK_DEBIAN_KYMATH_PYTHON_PACKAGE_SECTION python)
+set(CPACK_DEBIAN_KYMATH_PYTHON_PACKAGE_RECOMMENDS python3-numpy)
+set(CPACK_DEBIAN_KYMATH_PYTHON_DESCRIPTION "3-D geometry, exact to the last bit (Python)\n${what}
+This package contains the Python module kymath, and the library in it.
+Functions on arrays need numpy.")
 
 include(CPack)

@@ -9,10 +9,10 @@ set(root ${CPACK_TEMPORARY_DIRECTORY})
 set(control ${CPACK_TOPLEVEL_DIRECTORY})
 string(TIMESTAMP now "%a, %d %b %Y %H:%M:%S +0000" UTC) # of SOURCE_DATE_EPOCH, if that is set
 
-foreach(component RUNTIME DEVELOPMENT DOCUMENTATION)
-    set(package ${CPACK_DEBIAN_KYMATH_${component}_PACKAGE_NAME})
-    string(TOLOWER ${component} folder)
-    set(doc ${root}/KyMath_${folder}/usr/share/doc/${package})
+foreach(component ${CPACK_COMPONENTS_ALL})
+    string(TOUPPER ${component} upper)
+    set(package ${CPACK_DEBIAN_${upper}_PACKAGE_NAME})
+    set(doc ${root}/${component}/usr/share/doc/${package})
     file(COPY ${CPACK_KYMATH_SOURCE_DIR}/packaging/copyright DESTINATION ${doc})
     file(WRITE ${doc}/changelog.Debian
          "kymath (${version}) unstable; urgency=medium\n\n"
@@ -58,7 +58,21 @@ set(CPACK_DEBIAN_KYMATH_RUNTIME_PACKAGE_CONTROL_EXTRA
 
 # Not by CPACK_DEBIAN_PACKAGE_SHLIBDEPS: that would add scripts that call ldconfig besides the trigger.
 file(WRITE ${control}/debian/control "Source: kymath\n")
-file(GLOB library ${runtime}/usr/lib/*/libKyMath.so.?.?.?)
-execute_process(COMMAND dpkg-shlibdeps -O ${library} WORKING_DIRECTORY ${control}
-                OUTPUT_VARIABLE depends OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
-string(REPLACE "shlibs:Depends=" "" CPACK_DEBIAN_KYMATH_RUNTIME_PACKAGE_DEPENDS "${depends}")
+function(find_dependencies component pattern first)
+    file(GLOB files ${root}/KyMath_${component}/usr/lib/${pattern})
+    execute_process(COMMAND dpkg-shlibdeps -O ${files} WORKING_DIRECTORY ${control}
+                    OUTPUT_VARIABLE depends OUTPUT_STRIP_TRAILING_WHITESPACE ERROR_QUIET
+                    COMMAND_ERROR_IS_FATAL ANY)
+    string(REPLACE "shlibs:Depends=" "${first}" depends "${depends}")
+    string(TOUPPER ${component} component)
+    set(CPACK_DEBIAN_KYMATH_${component}_PACKAGE_DEPENDS "${depends}" PARENT_SCOPE)
+endfunction()
+find_dependencies(runtime */libKyMath.so.?.?.? "")
+
+# The module: compiled by Python for Python when it is installed.
+if(CPACK_COMPONENTS_ALL MATCHES KyMath_python)
+    find_dependencies(python python3/dist-packages/kymath/*.so "python3 (>= 3.11), ")
+    file(WRITE ${control}/postinst "#!/bin/sh\nset -e\n[ \"$1\" != configure ] || py3compile -p python3-kymath\n")
+    file(WRITE ${control}/prerm "#!/bin/sh\nset -e\npy3clean -p python3-kymath\n")
+    set(CPACK_DEBIAN_KYMATH_PYTHON_PACKAGE_CONTROL_EXTRA ${control}/postinst ${control}/prerm)
+endif()

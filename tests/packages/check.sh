@@ -13,7 +13,7 @@ trap 'rm -rf "$work"' EXIT
 root=$work/root
 library_dir=$root/usr/lib/$(dpkg-architecture -qDEB_HOST_MULTIARCH)
 
-for package in libkymath1 libkymath-dev libkymath-doc; do
+for package in libkymath1 libkymath-dev libkymath-doc python3-kymath; do
     dpkg-deb -x "$packages/${package}_"*.deb "$root"
     dpkg-deb -c "$packages/${package}_"*.deb | grep -v '/$' >>"$work/files"
 done
@@ -36,6 +36,15 @@ export PKG_CONFIG_PATH=$library_dir/pkgconfig
 g++ "$source/tests/consumers/main.cpp" -o "$work/plain" \
     $(pkg-config --define-variable=prefix="$root/usr" --cflags --libs KyMath)
 LD_LIBRARY_PATH=$library_dir "$work/plain" >/dev/null
+
+PYTHONPATH=$root/usr/lib/python3/dist-packages /usr/bin/python3 -B - <<'END'
+import kymath as ky, numpy as np, pathlib
+m = ky.Transformation.createTranslationT(1.0, 2.0, 3.0)
+assert list(ky.arrays.Transformation.transformPositionT(m, np.ones((2, 3)))[1]) == [2, 3, 4]
+assert "/usr/lib/python3/dist-packages/" in ky.__file__ and pathlib.Path(ky.__path__[0], "py.typed").exists()
+END
+needs=$(dpkg-deb -f "$packages"/python3-kymath_*.deb Depends)
+[[ $needs == "python3 (>= 3.11), "*libstdc++6* ]] || { echo "the module needs: $needs"; exit 1; }
 
 doc=$root/usr/share/doc/libkymath-doc
 [[ -e $doc/html/index.html ]] || { echo "no pages"; exit 1; }
