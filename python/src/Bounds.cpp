@@ -159,6 +159,25 @@ void addBounds(PyObject* module) {
     addFrustum(module);
     Namespace space{"kymath"};
     def<worldSpaceSegment>(space, "getWorldSpaceSegment", "m p");
+    def<static_cast<Vector2f (*)(const Vector2d&)>(toFloat),
+        static_cast<Vector3f (*)(const Vector3d&)>(toFloat),
+        static_cast<Vector4f (*)(const Vector4d&)>(toFloat),
+        static_cast<Quaternionf (*)(const Quaterniond&)>(toFloat),
+        static_cast<Matrix44f (*)(const Matrix44d&)>(toFloat),
+        static_cast<Matrix44f (*)(const KyTransform&)>(toFloat),
+        static_cast<BoundingBoxf (*)(const BoundingBoxd&)>(toFloat),
+        static_cast<Planef (*)(const Planed&)>(toFloat)>(space, "toFloat", "v|v|v|q|m|t|b|p");
+    def<static_cast<Vector2d (*)(const Vector2f&)>(toDouble),
+        static_cast<Vector3d (*)(const Vector3f&)>(toDouble),
+        static_cast<Vector4d (*)(const Vector4f&)>(toDouble),
+        static_cast<Quaterniond (*)(const Quaternionf&)>(toDouble),
+        static_cast<Matrix44d (*)(const Matrix44f&)>(toDouble),
+        static_cast<BoundingBoxd (*)(const BoundingBoxf&)>(toDouble),
+        static_cast<Planed (*)(const Planef&)>(toDouble)>(space, "toDouble", "v|v|v|q|m|b|p");
+    def<&toTransform>(space, "toTransform", "position q");
+    def<&KyMath::toQuaternion>(space, "toQuaternion", "t");
+    def<&inverseOf>(space, "inverseOf", "t");
+    def<&toPolytope>(space, "toPolytope", "f");
     space.addTo(module);
 }
 

@@ -18,7 +18,7 @@ import pytest
 import kymath as ky
 from kymath import Matrix44d, Matrix44f, Quaterniond, Vector2d, Vector3d, Vector3f, Vector4d
 
-hypothesis.settings.register_profile("tests", deadline=None)
+hypothesis.settings.register_profile("tests", deadline=None, database=None)
 hypothesis.settings.load_profile("tests")
 root = pathlib.Path(__file__).parents[2]
 numbers = st.floats(width=32) | st.sampled_from([0.0, -0.0, 1e-45, 3e38, math.pi, 0.1])
