@@ -6,7 +6,8 @@
 # ways, and compares the results of every function, to the last bit: GCC and Clang, without and with
 # optimisation, with link-time optimisation and flags that let a compiler round differently, for plain
 # x86-64 up to what this CPU has, shared and static, the latter also as on a processor without AVX2; then
-# clients of one shared library that are compiled with flags of their own. A difference names the build
+# clients of one shared library that are compiled with flags of their own, and inline small members or
+# not. A difference names the build
 # and the function. Flags that the library cannot be built with must be refused. --quick takes a few
 # builds that differ most.
 . "$(dirname "$(readlink -f "$0")")/common.sh"
@@ -76,6 +77,10 @@ for flags in "${clients[@]}"; do
         compare "a client with $compiler $flags" "$out/client"
         echo "a client with $compiler $flags"
     done
+done
+[[ ${1:-} == --quick ]] || for compiler in g++ clang++; do # clients that inline small members
+    "$root/tests/functions/inline.sh" "$dir/src/libKyMath.so" "$dir/tests/libkymath_function_driver.a" \
+        $compiler --all || status=1
 done
 for flag in -Ofast -ffast-math -funsafe-math-optimizations -mdaz-ftz -mpc32 -mpc64; do
     said=$(cmake -S "$root" -B "$out/refused" -G Ninja -DCMAKE_BUILD_TYPE=None -DKYMATH_TESTS=OFF \
