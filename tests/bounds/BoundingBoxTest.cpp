@@ -97,6 +97,8 @@ KY_TEST(BoundingBoxTest, AQuarterTurnSwapsExtents) {
     const Box<T> before(1, 2, 3, 3, 3, 4), moved(7, 21, 33, 8, 23, 34),
         invalid(1, 0, 0, below(T(1)), 1, 1);
     EXPECT_BITS(moved, after(before, [&](Box<T>& b) { b.transform(turn); }));
+    EXPECT_BITS(Box<T>(8, 21, 33, 8, 21, 33),
+                after(Box<T>(1, 2, 3, 1, 2, 3), [&](Box<T>& b) { b.transform(turn); }));
     EXPECT_BITS(before, after(moved, [&](Box<T>& b) { b.inverseTransform(turn); }));
     EXPECT_BITS(invalid, after(invalid, [&](Box<T>& b) { b.transform(turn); }));
     EXPECT_BITS(invalid, after(invalid, [&](Box<T>& b) { b.inverseTransform(turn); }));
