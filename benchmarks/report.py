@@ -13,7 +13,7 @@ import sys
 WAYS = {"shared": ("shared", "peers"), "inline": ("inline", "peers"), "archive": ("archive", "peers"),
         "native": ("shared", "peers_native"), "inline native": ("inline_native", "peers_native")}
 MOST_OF_LIMIT = 1.10
-SLOW = 5  # nanoseconds
+SLOW = 10  # nanoseconds
 TYPES = {"d": "double", "f": "float"}
 
 
@@ -47,7 +47,8 @@ def read_times(folder):
             if "sum" in run:
                 sums[operation, letter][f"{who} ({program})"] = run["sum"]
     for row, of in sums.items():
-        if max(of.values()) - min(of.values()) > (1e-4 if row[1] == "f" else 1e-10) * max(map(abs, of.values())):
+        tolerance = (1e-4 if row[1] == "f" else 1e-10) * max(map(abs, of.values()))
+        if max(of.values()) - min(of.values()) > tolerance:
             sys.exit(f"{row}: the libraries disagree: {of}")
     return times
 
@@ -108,7 +109,7 @@ def print_functions(path):
     rows = collections.defaultdict(dict)
     for line in path.read_text().splitlines():
         ns, name = line.split(" ", 1)
-        letter = re.match(r"(?:Vector[234]|Matrix44|Transformation|Quaternion|BoundingBox|Plane)([df])", name)
+        letter = re.match(r"[A-Z]\w*?[a-z0-9]([df])[: ]", name)
         both = name[:letter.start(1)] + name[letter.end(1):] if letter else name
         rows[both][letter[1] if letter else "d"] = float(ns)
     slow = [(name, row) for name, row in rows.items() if max(row.values()) >= SLOW]
@@ -157,7 +158,8 @@ def draw(path, groups):
             axis.set_yticks(range(len(named)),
                             [name.split(": ")[-1] * (letter == "f") for name, _ in named])
             ticks = [2.0**k for k in range(-8, 9) if 1 / reach < 2.0**k < reach]
-            axis.set_xticks(ticks, [f"{x:g}" if x >= 1 else f"1/{1 / x:g}" for x in ticks])
+            axis.set_xticks(ticks, [(f"{x:g}" if x >= 1 else f"1/{1 / x:g}") * (math.log2(x) % 2 == 0)
+                                    for x in ticks])
             axis.set_xticks([], minor=True)
             axis.tick_params(length=0, labelbottom=group == list(lines)[-1])
             axis.grid(color=grid, linewidth=0.6)
@@ -176,8 +178,10 @@ def draw(path, groups):
     handles = {legend[way]: pyplot.Line2D([], [], color=series[way][0], marker=series[way][1], linestyle="",
                                           markersize=5) for way in legend}
     for text, face in (("clients and others with -O2", ink), ("with -O3 -march=native", "none")):
-        handles[text] = pyplot.Line2D([], [], color=ink, marker="o", linestyle="", markersize=5, markerfacecolor=face)
-    figure.legend(handles.values(), handles.keys(), loc="upper center", ncol=5, frameon=False, columnspacing=1.2, handletextpad=0.2)
+        handles[text] = pyplot.Line2D([], [], color=ink, marker="o", linestyle="", markersize=5,
+                                      markerfacecolor=face)
+    figure.legend(handles.values(), handles.keys(), loc="upper center", ncol=5, frameon=False,
+                  columnspacing=1.2, handletextpad=0.2)
     figure.savefig(path, metadata={"Date": None})
     text = pathlib.Path(path).read_text()
     style = "".join(f"--c{k}: {{}}; " for k in range(len(colours)))
