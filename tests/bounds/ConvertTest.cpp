@@ -37,6 +37,8 @@ TEST(ConvertTest, FloatsAreTheNearestDoublesAreExact) {
 TEST(ConvertTest, EmptyBoxesStayEmpty) {
     EXPECT_BITS(BoundingBoxf(), toFloat(BoundingBoxd()));
     EXPECT_BITS(BoundingBoxd(), toDouble(BoundingBoxf()));
+    const double most = BoundingBoxd().xMin();
+    EXPECT_BITS(Vector3f(1, 2, 3), toFloat(BoundingBoxd(most, most, most, 1, 2, 3)).getMax());
 }
 
 // 1e-10 is positive for a plane of doubles, and less than the epsilon of floats.
