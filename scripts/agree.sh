@@ -5,9 +5,9 @@
 # agree.sh [--quick]: installs what is missing, builds the library and its table of functions in many
 # ways, and compares the results of every function, to the last bit: GCC and Clang, without and with
 # optimisation, with link-time optimisation and flags that let a compiler round differently, for plain
-# x86-64 up to what this CPU has, shared and static, the latter also as on a processor without AVX2; then
-# clients of one shared library that are compiled with flags of their own, and inline small members or
-# not. A difference names the build
+# x86-64 up to what this CPU has, shared and static, the latter also as on a processor without AVX2 or
+# AVX-512; then clients of one shared library that are compiled with flags of their own, and inline small
+# members or not. A difference names the build
 # and the function. Flags that the library cannot be built with must be refused. --quick takes a few
 # builds that differ most.
 . "$(dirname "$(readlink -f "$0")")/common.sh"
@@ -61,6 +61,7 @@ for build in "${builds[@]}"; do
     compare "$build, shared" "$dir/tests/kymath_functions_KyMath"
     compare "$build, static" "$dir/tests/kymath_functions_Static"
     WITHOUT_AVX2=1 compare "$build, static, without AVX2" "$dir/tests/kymath_functions_Static"
+    WITHOUT_AVX512=1 compare "$build, static, without AVX-512" "$dir/tests/kymath_functions_Static"
     echo "$build: $(($(wc -l <"$out/results") - 1)) functions"
 done
 

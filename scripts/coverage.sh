@@ -2,9 +2,10 @@
 # SPDX-FileCopyrightText: 2026 The KyMath authors
 # SPDX-License-Identifier: Apache-2.0
 #
-# coverage.sh: installs what is missing, runs the tests on the archive, with AVX2 (which the processor
-# must have) and without, and prints how many lines, branches and conditions (MC/DC) of src they
-# cover, of a template in its best instantiation; then all that any instantiation leaves uncovered. It
+# coverage.sh: installs what is missing, runs the tests on the archive, with AVX-512 (which the
+# processor must have), with AVX2 only and with neither, and prints how many lines, branches and
+# conditions (MC/DC) of src they cover, of a template in its best instantiation; then all that any
+# instantiation leaves uncovered. It
 # fails for a place that tests/coverage/unreachable.txt does not explain, and for an explanation
 # that matches nothing.
 . "$(dirname "$(readlink -f "$0")")/common.sh"
@@ -21,6 +22,7 @@ rm -f "$build"/*.profraw
 for program in "${programs[@]}"; do
     LLVM_PROFILE_FILE=$build/${program%% *}.profraw "$build/bin/"$program
     WITHOUT_AVX2=1 LLVM_PROFILE_FILE=$build/${program%% *}.plain.profraw "$build/bin/"$program
+    WITHOUT_AVX512=1 LLVM_PROFILE_FILE=$build/${program%% *}.avx2.profraw "$build/bin/"$program
 done
 llvm-profdata-19 merge "$build"/*.profraw -o "$build/profdata"
 # What there is to cover is read from the shared library: all of it, whatever the programs link.

@@ -42,47 +42,48 @@ internal::CullPlane<T> cullPlaneOf(const PlaneT<T>& plane) {
 template <class T>
 void dot(const Vector3T<T>* a, const Vector3T<T>* b, T* out, std::size_t count, std::size_t aStride,
          std::size_t bStride, std::size_t outStride) {
-    KY_KERNEL(dots<T>(valuesOf<T>(a, aStride), valuesOf<T>(b, bStride), {out, outStride}, count));
+    KY_WIDE_KERNEL(
+        dots<T>(valuesOf<T>(a, aStride), valuesOf<T>(b, bStride), {out, outStride}, count));
 }
 template <class T>
 void cross(const Vector3T<T>* a, const Vector3T<T>* b, Vector3T<T>* out, std::size_t count,
            std::size_t aStride, std::size_t bStride, std::size_t outStride) {
-    KY_KERNEL(crosses<T>(valuesOf<T>(a, aStride), valuesOf<T>(b, bStride),
-                         valuesOf<T>(out, outStride), count));
+    KY_WIDE_KERNEL(crosses<T>(valuesOf<T>(a, aStride), valuesOf<T>(b, bStride),
+                              valuesOf<T>(out, outStride), count));
 }
 template <class T>
 void norm(const Vector3T<T>* in, T* out, std::size_t count, std::size_t inStride,
           std::size_t outStride) {
-    KY_KERNEL(norms<T>(valuesOf<T>(in, inStride), {out, outStride}, count));
+    KY_WIDE_KERNEL(norms<T>(valuesOf<T>(in, inStride), {out, outStride}, count));
 }
 template <class T>
 void normalize(const Vector3T<T>* in, Vector3T<T>* out, std::size_t count, std::size_t inStride,
                std::size_t outStride) {
-    KY_KERNEL(normalized<T>(valuesOf<T>(in, inStride), valuesOf<T>(out, outStride), count));
+    KY_WIDE_KERNEL(normalized<T>(valuesOf<T>(in, inStride), valuesOf<T>(out, outStride), count));
 }
 
 void transformPoints(const Ky::KyTransform& m, const Vector3T<double>* in, Vector3T<double>* out,
                      std::size_t count, std::size_t inStride, std::size_t outStride) {
-    KY_KERNEL(transformRigidPoints(m, valuesOf<double>(in, inStride),
-                                   valuesOf<double>(out, outStride), count));
+    KY_WIDE_KERNEL(transformRigidPoints(m, valuesOf<double>(in, inStride),
+                                        valuesOf<double>(out, outStride), count));
 }
 void transformDirections(const Ky::KyTransform& m, const Vector3T<double>* in,
                          Vector3T<double>* out, std::size_t count, std::size_t inStride,
                          std::size_t outStride) {
-    KY_KERNEL(transformRigidDirections(m, valuesOf<double>(in, inStride),
-                                       valuesOf<double>(out, outStride), count));
+    KY_WIDE_KERNEL(transformRigidDirections(m, valuesOf<double>(in, inStride),
+                                            valuesOf<double>(out, outStride), count));
 }
 
 template <class T>
 void transformPositions(const Matrix44T<T>& m, const Vector3T<T>* in, Vector3T<T>* out,
                         std::size_t count, std::size_t inStride, std::size_t outStride) {
-    KY_KERNEL(
+    KY_WIDE_KERNEL(
         transformPositions<T>(m, valuesOf<T>(in, inStride), valuesOf<T>(out, outStride), count));
 }
 template <class T>
 void transformDirections(const Matrix44T<T>& m, const Vector3T<T>* in, Vector3T<T>* out,
                          std::size_t count, std::size_t inStride, std::size_t outStride) {
-    KY_KERNEL(
+    KY_WIDE_KERNEL(
         transformDirections<T>(m, valuesOf<T>(in, inStride), valuesOf<T>(out, outStride), count));
 }
 template <class T>
@@ -93,13 +94,13 @@ void transformBoxes(const Matrix44T<T>& m, const BoundingBoxT<T>* in, BoundingBo
 
 template <class T>
 void multiply(const Matrix44T<T>* a, const Matrix44T<T>* b, Matrix44T<T>* out, std::size_t count) {
-    KY_KERNEL(matrixProducts<T>(valuesOf<T>(a, sizeof *a), valuesOf<T>(b, sizeof *b),
-                                valuesOf<T>(out, sizeof *out), count));
+    KY_WIDE_KERNEL(matrixProducts<T>(valuesOf<T>(a, sizeof *a), valuesOf<T>(b, sizeof *b),
+                                     valuesOf<T>(out, sizeof *out), count));
 }
 template <class T>
 void multiply(const Matrix44T<T>& a, const Matrix44T<T>* b, Matrix44T<T>* out, std::size_t count) {
-    KY_KERNEL(matrixProducts<T>(valuesOf<T>(&a, 0), valuesOf<T>(b, sizeof *b),
-                                valuesOf<T>(out, sizeof *out), count));
+    KY_WIDE_KERNEL(matrixProducts<T>(valuesOf<T>(&a, 0), valuesOf<T>(b, sizeof *b),
+                                     valuesOf<T>(out, sizeof *out), count));
 }
 template <class T>
 void inverse(const Matrix44T<T>* in, Matrix44T<T>* out, std::size_t count, std::size_t inStride,
@@ -137,20 +138,20 @@ struct CullPlanes {
 void cull(const Polytope& region, const BoundingBoxT<double>* boxes, unsigned char* visible,
           std::size_t count, std::size_t stride) {
     const CullPlanes tested(region);
-    KY_KERNEL(
+    KY_WIDE_KERNEL(
         cull<double>(tested.planes, tested.mask, valuesOf<double>(boxes, stride), visible, count));
 }
 void cull(const Frustum& frustum, const BoundingBoxT<float>* boxes, unsigned char* visible,
           std::size_t count, std::size_t stride) {
     internal::CullPlane<float> planes[6];
     for (unsigned int i = 0; i < 6; ++i) planes[i] = cullPlaneOf(frustum.getPlane(i));
-    KY_KERNEL(cull<float>(planes, 63, valuesOf<float>(boxes, stride), visible, count));
+    KY_WIDE_KERNEL(cull<float>(planes, 63, valuesOf<float>(boxes, stride), visible, count));
 }
 void cullWithMasks(const Polytope& region, const BoundingBoxT<double>* boxes, signed char* sides,
                    unsigned int* masks, std::size_t count, std::size_t stride) {
     const CullPlanes tested(region);
-    KY_KERNEL(cullWithMasks(tested.planes, tested.mask, valuesOf<double>(boxes, stride), sides,
-                            masks, count));
+    KY_WIDE_KERNEL(cullWithMasks(tested.planes, tested.mask, valuesOf<double>(boxes, stride), sides,
+                                 masks, count));
 }
 void cullTree(const Polytope& region, const BoundingBoxT<double>* boxes,
               const unsigned int* descendants, signed char* sides, unsigned int* masks,

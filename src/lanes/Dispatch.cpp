@@ -4,7 +4,7 @@
 
 namespace KyMath::internal {
 
-bool hasAvx2 = false;
+bool hasAvx2 = false, hasAvx512 = false;
 
 namespace {
 
@@ -12,6 +12,9 @@ namespace {
 __attribute__((constructor(101))) void askProcessor() {
     __builtin_cpu_init();
     hasAvx2 = __builtin_cpu_supports("avx2");
+    hasAvx512 = hasAvx2 && __builtin_cpu_supports("avx512f") &&
+                __builtin_cpu_supports("avx512bw") && __builtin_cpu_supports("avx512dq") &&
+                __builtin_cpu_supports("avx512vl");
 }
 
 }  // namespace

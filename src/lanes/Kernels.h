@@ -24,8 +24,9 @@ struct CullPlane {
     std::size_t upper[3], lower[3];
 };
 
-/// The set of instructions that kernels are compiled for: that of every x86-64, or AVX2 as well.
-enum class Isa { baseline, avx2 };
+/// The set of instructions that kernels are compiled for: that of every x86-64, AVX2 as well, or
+/// AVX-512 as well (its parts F, BW, DQ and VL), which only some kernels are compiled for.
+enum class Isa { baseline, avx2, avx512 };
 
 /// Kernels: the functions that gain from wider instructions. Each is defined beside its type, in
 /// MatrixKernels.inc and so on. lanes/Kernels.inc includes these files and is compiled once for
@@ -119,15 +120,20 @@ inline std::size_t bezierWork(std::size_t m) {
     return 12 * (m - 1);
 }
 
-/// Whether the processor has AVX2. False until the library is loaded.
-extern bool hasAvx2;
+/// Whether the processor has AVX2, and AVX-512 as well. False until the library is loaded.
+extern bool hasAvx2, hasAvx512;
 
 }  // namespace KyMath::internal
 
-/// Calls the kernel for this processor: KY_KERNEL(matrixProduct(m, a, b)).
+/// Calls the kernel for this processor: KY_KERNEL(determinant(a)).
 #define KY_KERNEL(...)                                                             \
     (::KyMath::internal::hasAvx2                                                   \
          ? ::KyMath::internal::Kernels<::KyMath::internal::Isa::avx2>::__VA_ARGS__ \
          : ::KyMath::internal::Kernels<::KyMath::internal::Isa::baseline>::__VA_ARGS__)
+/// The same for a kernel that is also compiled for AVX-512: those that lanes/Avx512.cpp names.
+#define KY_WIDE_KERNEL(...)                                                          \
+    (::KyMath::internal::hasAvx512                                                   \
+         ? ::KyMath::internal::Kernels<::KyMath::internal::Isa::avx512>::__VA_ARGS__ \
+         : KY_KERNEL(__VA_ARGS__))
 
 #endif

@@ -77,7 +77,9 @@ static KY_INLINE Lanes<double> load(const double* p) {
 
 namespace {
 
-#ifdef __AVX__
+#if defined(__AVX512F__)
+constexpr std::size_t kRegister = 64;
+#elif defined(__AVX__)
 constexpr std::size_t kRegister = 32;
 #else
 constexpr std::size_t kRegister = 16;
@@ -164,13 +166,35 @@ static KY_INLINE unsigned int bitsOf(Bits holds) {
         bits = _mm_movemask_pd(reinterpret_cast<__m128d>(holds));
     }
 #ifdef __AVX__
-    else if constexpr (kFloats) {
+    else if constexpr (sizeof holds == 32 && kFloats) {
         bits = _mm256_movemask_ps(reinterpret_cast<__m256>(holds));
-    } else {
+    } else if constexpr (sizeof holds == 32) {
         bits = _mm256_movemask_pd(reinterpret_cast<__m256d>(holds));
     }
 #endif
+#ifdef __AVX512DQ__
+    else if constexpr (kFloats) {
+        bits = _mm512_movepi32_mask(reinterpret_cast<__m512i>(holds));
+    } else {
+        bits = _mm512_movepi64_mask(reinterpret_cast<__m512i>(holds));
+    }
+#endif
     return static_cast<unsigned int>(bits);
+}
+
+/// Bit k is set where a < b in lane k of a register.
+template <class V>
+static KY_INLINE unsigned int bitsBelow(V a, V b) {
+#ifdef __AVX512F__
+    if constexpr (sizeof a == 64 && sizeof a[0] == 4) {
+        return _mm512_cmp_ps_mask(reinterpret_cast<__m512>(a), reinterpret_cast<__m512>(b),
+                                  _CMP_LT_OS);
+    } else if constexpr (sizeof a == 64) {
+        return _mm512_cmp_pd_mask(reinterpret_cast<__m512d>(a), reinterpret_cast<__m512d>(b),
+                                  _CMP_LT_OS);
+    }
+#endif
+    return bitsOf(a < b);
 }
 
 /// The square root in each lane of a register.
@@ -183,10 +207,17 @@ static KY_INLINE V squareRoot(V v) {
         return reinterpret_cast<V>(_mm_sqrt_pd(reinterpret_cast<__m128d>(v)));
     }
 #ifdef __AVX__
-    else if constexpr (kFloats) {
+    else if constexpr (sizeof v == 32 && kFloats) {
         return reinterpret_cast<V>(_mm256_sqrt_ps(reinterpret_cast<__m256>(v)));
-    } else {
+    } else if constexpr (sizeof v == 32) {
         return reinterpret_cast<V>(_mm256_sqrt_pd(reinterpret_cast<__m256d>(v)));
+    }
+#endif
+#ifdef __AVX512F__
+    else if constexpr (kFloats) {
+        return reinterpret_cast<V>(_mm512_maskz_sqrt_ps(0xffff, reinterpret_cast<__m512>(v)));
+    } else {
+        return reinterpret_cast<V>(_mm512_maskz_sqrt_pd(0xff, reinterpret_cast<__m512d>(v)));
     }
 #endif
 }
