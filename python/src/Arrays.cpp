@@ -84,6 +84,39 @@ bool classify(char** args, npy_intp count, const npy_intp* steps) {
 template <class T>
 using Product = Matrix44T<T> (*)(const Matrix44T<T>&, const Matrix44T<T>&);
 
+/// By an array call on blocks of values, the inputs and then the output, wherever these are.
+template <auto kBatch, class... V>
+bool inBlocks(char** args, npy_intp count, const npy_intp* steps) {
+    constexpr npy_intp kBlock = 32;
+    constexpr std::size_t kOut = sizeof...(V) - 1;
+    if (count < kBlock) return false;
+    constexpr std::array ranks{Core<V>::kRank...};
+    const npy_intp* strides[kOut + 1] = {steps + kOut + 1};
+    for (std::size_t i = 0; i < kOut; ++i) strides[i + 1] = strides[i] + ranks[i];
+    std::tuple<std::array<V, kBlock>...> blocks;
+    const auto run = [&]<std::size_t... I>(std::index_sequence<I...>) {
+        auto& out = std::get<kOut>(blocks);
+        using Out = typename std::remove_reference_t<decltype(out)>::value_type;
+        for (npy_intp first = 0; first < count; first += kBlock) {
+            const npy_intp size = std::min(kBlock, count - first);
+            const auto load = [&]<class A>(std::array<A, kBlock>& block, std::size_t i) {
+                for (npy_intp n = 0; n < size; ++n) {
+                    block[std::size_t(n)] =
+                        Core<A>::load(args[i] + (first + n) * steps[i], strides[i]);
+                }
+            };
+            (load(std::get<I>(blocks), I), ...);
+            kBatch(std::get<I>(blocks).data()..., out.data(), std::size_t(size));
+            for (npy_intp n = 0; n < size; ++n) {
+                Core<Out>::store(out[std::size_t(n)], args[kOut] + (first + n) * steps[kOut],
+                                 strides[kOut]);
+            }
+        }
+    };
+    run(std::make_index_sequence<kOut>());
+    return true;
+}
+
 /// Boxes against the planes of a polytope, of all boxes or of each.
 void cull(char** args, const npy_intp* counts, const npy_intp* steps, void*) {
     const auto regionAt = [&](const char* planes) {
@@ -112,23 +145,33 @@ void cull(char** args, const npy_intp* counts, const npy_intp* steps, void*) {
     std::feclearexcept(FE_ALL_EXCEPT);
 }
 
-#define KY_KERNELS(T)                                                                   \
-    template <>                                                                         \
-    inline constexpr Kernel kKernel<&Transformation::transformPositionT<T>> =           \
-        byOneMatrix<T, Batch::transformPositions<T>>;                                   \
-    template <>                                                                         \
-    inline constexpr Kernel kKernel<&Transformation::transformDirectionT<T>> =          \
-        byOneMatrix<T, Batch::transformDirections<T>>;                                  \
-    template <>                                                                         \
-    inline constexpr Kernel kKernel<&BoundingBoxT<T>::transform> = transformBoxes<T>;   \
-    template <>                                                                         \
-    inline constexpr Kernel kKernel<static_cast<Product<T>>(&Matrix44T<T>::multiply)> = \
-        multiply<T>;                                                                    \
-    template <>                                                                         \
-    inline constexpr Kernel kKernel<&PlaneT<T>::intersect> = classify<T>;
+#define KY_KERNELS(T)                                                                      \
+    template <>                                                                            \
+    inline constexpr Kernel kKernel<&Transformation::transformPositionT<T>> =              \
+        byOneMatrix<T, Batch::transformPositions<T>>;                                      \
+    template <>                                                                            \
+    inline constexpr Kernel kKernel<&Transformation::transformDirectionT<T>> =             \
+        byOneMatrix<T, Batch::transformDirections<T>>;                                     \
+    template <>                                                                            \
+    inline constexpr Kernel kKernel<&BoundingBoxT<T>::transform> = transformBoxes<T>;      \
+    template <>                                                                            \
+    inline constexpr Kernel kKernel<static_cast<Product<T>>(&Matrix44T<T>::multiply)> =    \
+        multiply<T>;                                                                       \
+    template <>                                                                            \
+    inline constexpr Kernel kKernel<&PlaneT<T>::intersect> = classify<T>;                  \
+    template <>                                                                            \
+    inline constexpr Kernel kKernel<&Matrix44T<T>::inverse> =                              \
+        inBlocks<[](auto... a) { Batch::inverse(a...); }, Matrix44T<T>, Matrix44T<T>>;     \
+    template <>                                                                            \
+    inline constexpr Kernel kKernel<&QuaternionT<T>::slerp> =                              \
+        inBlocks<[](auto... a) { Batch::slerp(a...); }, QuaternionT<T>, QuaternionT<T>, T, \
+                 QuaternionT<T>>;
 KY_KERNELS(float)
 KY_KERNELS(double)
 #undef KY_KERNELS
+template <>
+inline constexpr Kernel kKernel<compound<&KyTransform::compound>> =
+    inBlocks<[](auto... a) { Batch::compound(a...); }, KyTransform, KyTransform, KyTransform>;
 
 // ---- The tables
 
