@@ -1,6 +1,12 @@
 # SPDX-FileCopyrightText: 2026 The KyMath authors
 # SPDX-License-Identifier: Apache-2.0
-"""python.py: needs kymath on the path, numpy and scipy. Times of single calls, and of arrays beside the same in numpy and scipy."""
+"""python.py: needs kymath on the path, numpy, scipy and pybind11. Times of single calls, beside those of a vector
+bound by pybind11, and of arrays beside the same in numpy and scipy."""
+import subprocess
+import sys
+import sysconfig
+import tempfile
+import threading
 import time
 
 import numpy as np
@@ -31,10 +37,42 @@ def single(code, **names):
     return (run - best(names["loop"])) * 1e9 / 200_000
 
 
-v, m = ky.Vector3d(1, 2, 3), ky.Transformation.createRotationT(0.1, 0.2, 0.3)
-print("| single call | ns |\n|---|---|")
-for code in ("V(1.0, 2.0, 3.0)", "v.x", "v + v", "v @ v", "v.cross(v)", "m @ m", "x, y, z = v"):
-    print(f"| `{code}` | {single(code, V=ky.Vector3d, v=v, m=m):.0f} |")
+PEER = """
+#include <pybind11/operators.h>
+#include <pybind11/pybind11.h>
+struct V {
+    double x, y, z;
+    V operator+(const V& v) const { return {x + v.x, y + v.y, z + v.z}; }
+    V cross(const V& v) const { return {y * v.z - z * v.y, z * v.x - x * v.z, x * v.y - y * v.x}; }
+};
+PYBIND11_MODULE(peer, m) {
+    pybind11::class_<V>(m, "V")
+        .def(pybind11::init([](double x, double y, double z) { return V{x, y, z}; }))
+        .def_readwrite("x", &V::x)
+        .def(pybind11::self + pybind11::self)
+        .def("cross", &V::cross);
+}
+"""
+
+
+def bindPeer():
+    """The vector class of pybind11."""
+    folder = tempfile.mkdtemp()
+    subprocess.run(["g++", "-O3", "-flto", "-shared", "-fPIC", "-fvisibility=hidden", "-std=c++17", "-x", "c++", "-",
+                    "-I", sysconfig.get_path("include"), "-o", f"{folder}/peer.so"], input=PEER, text=True, check=True)
+    sys.path.insert(0, folder)
+    import peer
+    return peer.V
+
+
+Peer = bindPeer()
+v, m, p = ky.Vector3d(1, 2, 3), ky.Transformation.createRotationT(0.1, 0.2, 0.3), Peer(1, 2, 3)
+print("| single call | ns | pybind11 | times as fast |\n|---|---|---|---|")
+for code in ("V(1.0, 2.0, 3.0)", "v.x", "v + v", "v.cross(v)"):
+    ours, theirs = single(code, V=ky.Vector3d, v=v), single(code, V=Peer, v=p)
+    print(f"| `{code}` | {ours:.0f} | {theirs:.0f} | {theirs / ours:.1f} |")
+for code in ("v @ v", "m @ m", "x, y, z = v"):
+    print(f"| `{code}` | {single(code, v=v, m=m):.0f} | | |")
 
 random = np.random.default_rng(1)
 points, others = random.normal(size=(2, COUNT, 3))
@@ -82,3 +120,18 @@ for name, ours, theirs in rows:
     a, b = best(ours) * 1e3, best(theirs) * 1e3
     print(f"| {name} | {a:.2f} | {b:.2f} | {b / a:.1f} |")
 print(f"\nOne point as an array: {single('f(m, p)', f=Transformation.transformPositionT, m=one, p=points[0]):.0f} ns")
+
+
+def elapsed(threads):
+    """Seconds by the clock for all inverses, in equal parts."""
+    parts = [threading.Thread(target=Matrix44.inverse, args=[part]) for part in np.array_split(matrices, threads)]
+    start = time.perf_counter()
+    for part in parts:
+        part.start()
+    for part in parts:
+        part.join()
+    return time.perf_counter() - start
+
+
+ratio = min(elapsed(1) for _ in range(30)) / min(elapsed(2) for _ in range(30))
+print(f"\nTwo threads over two halves of the inverses: {ratio:.2f} times as fast as one")
