@@ -149,9 +149,11 @@ KY_HELPER T higher(T max, W high) {
 
 template <class T>
 KY_SMALL void BoundingBoxT<T>::expandBy(T x, T y, T z) {
-    const Vector3T<T> p(x, y, z);
-    *this += BoundingBoxT(p, p);
+    set(internal::lower(min_[0], x), internal::lower(min_[1], y), internal::lower(min_[2], z),
+        internal::higher(max_[0], x), internal::higher(max_[1], y), internal::higher(max_[2], z));
 }
+#ifdef KYMATH_INLINE  // in the library, by registers: a call goes through memory anyway
+
 template <class T>
 KY_SMALL BoundingBoxT<T>& BoundingBoxT<T>::operator+=(const BoundingBoxT& b) {
     return *this = *this + b;
@@ -162,6 +164,8 @@ KY_SMALL BoundingBoxT<T> BoundingBoxT<T>::operator+(const BoundingBoxT& b) const
                         internal::lower(min_[2], b.min_[2]), internal::higher(max_[0], b.max_[0]),
                         internal::higher(max_[1], b.max_[1]), internal::higher(max_[2], b.max_[2]));
 }
+
+#endif
 
 template <class T>
 KY_SMALL bool BoundingBoxT<T>::contains(const Vector3T<T>& p) const {
