@@ -397,7 +397,8 @@ TEST_F(BatchDoubleTest, CullsTreesLikeTheProtocol) {
     within.contains(BoundingBoxd(-1, 0, -1, 7, 7, 7));
     within.pushCurrentMask();
     most.add(Planed(0, 0, 0, -1));  // the 33rd does not count
-    for (const Polytope& view : {region, within, most, Polytope()}) {
+    const Polytope steep({{1e-17, 1e-17, 1e-17, 0}});
+    for (const Polytope& view : {region, steep, within, most, Polytope()}) {
         for (std::size_t n = 0; n < 70; ++n) {
             Nodes nodes(n);
             growTree(corpus, nodes, 0, n);
