@@ -29,7 +29,8 @@ elsewhere = {
     r"int\*": "the points in a list",
     r"^KyEulerAngles E::defaultEulerOrder": "who makes angles names their order",
     r"^Batch|^Rays.*intersect\w": "kymath.arrays"}
-spaces = {"Transformationd": ky.Transformation, "Raysf": ky.Rays, "Raysd": ky.Rays, "Tolerancef": ky.KY_SMALL_REALf, "Toleranced": ky.KY_SMALL_REALd}
+spaces = {"Transformationd": ky.Transformation, "Raysf": ky.Rays, "Raysd": ky.Rays,
+          "Tolerancef": ky.KY_SMALL_REALf, "Toleranced": ky.KY_SMALL_REALd}
 operators = {"*=": "imul", "+=": "iadd", "-=": "isub", "/=": "itruediv", "+": "add", "-": "sub", "/": "truediv",
              "==": "eq", "!=": "ne", "[]": "getitem"}
 fields = {ky.Line3: [ky.Vector3d] * 2, ky.Segment3: [ky.Vector3d] * 2, ky.BoundingSphere: [ky.Vector3d, "d"],
