@@ -36,18 +36,26 @@ double clamp(double t) {
     return t > 1 ? 1 : t;
 }
 
-}  // namespace
-
-double Line3::closestPointFactor(const Line3& line) const {
-    const Vector3d d1 = p2 - p1;
-    const Vector3d d2 = line.p2 - line.p1;
-    const Vector3d w = p1 - line.p1;
+/// Where the lines p and q are closest: each line's closestPointFactor(the other).
+struct Factors {
+    double p, q;
+};
+inline Factors closestPointFactors(const Line3& p, const Line3& q) {
+    const Vector3d d1 = p.p2 - p.p1;
+    const Vector3d d2 = q.p2 - q.p1;
     const double a = d1 * d1;
     const double b = d1 * d2;
     const double c = d2 * d2;
     const double denominator = a * c - b * b;
-    if (!(std::abs(denominator) > internal::lineTolerance())) return 0;
-    return w * ((d2 * b - d1 * c) / denominator);
+    if (!(std::abs(denominator) > internal::lineTolerance())) return {0, 0};
+    const double k = 1 / denominator;
+    return {(p.p1 - q.p1) * ((d2 * b - d1 * c) * k), (q.p1 - p.p1) * ((d1 * b - d2 * a) * k)};
+}
+
+}  // namespace
+
+double Line3::closestPointFactor(const Line3& line) const {
+    return closestPointFactors(*this, line).p;
 }
 
 Vector3d Line3::closestPointTo(const Vector3d& q) const {
@@ -62,8 +70,8 @@ double Line3::distanceTo(const Vector3d& q, Vector3d* closest) const {
 }
 double Line3::distanceTo(const Line3& line, Vector3d* closest) const {
     if (isParallel(line)) return distanceTo(line.p1, closest);
-    const Vector3d point = pointAt(*this, closestPointFactor(line));
-    return report(point, pointAt(line, line.closestPointFactor(*this)), closest);
+    const Factors t = closestPointFactors(*this, line);
+    return report(pointAt(*this, t.p), pointAt(line, t.q), closest);
 }
 double Line3::distanceTo(const Vector3d& center, double radius, int* count, Vector3d* points) {
     Vector3d unwantedPoints[2];
@@ -111,8 +119,8 @@ double Segment3::distanceTo(const Vector3d& q, Vector3d* closest) const {
 // LinesTest.SkewSegmentsAreClampedOnTheirOwn and LinesTest.ParallelSegmentsMeetAtFacingEnds.
 double Segment3::distanceTo(const Segment3& segment, Vector3d* closest) const {
     if (!isParallel(segment)) {
-        const Vector3d point = pointAt(*this, closestPointFactor(segment));
-        return report(point, pointAt(segment, segment.closestPointFactor(*this)), closest);
+        const Factors t = closestPointFactors(*this, segment);
+        return report(pointAt(*this, clamp(t.p)), pointAt(segment, clamp(t.q)), closest);
     }
     const double t0 = closestPointFactor(segment.p1);
     const double t1 = closestPointFactor(segment.p2);

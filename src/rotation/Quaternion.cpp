@@ -178,7 +178,9 @@ void QuaternionT<T>::fromRotation(const Vector3T<T>& from, const Vector3T<T>& to
     const double d = double(from * to);  // the dot product in T, double from here on
     const double m = 0.5 * std::min(std::max(d, -1.0), 1.0);
     Vector3T<T> axis;
-    if (Ky::KY_ARE_EQUAL(d, 1.0) || Ky::KY_ARE_EQUAL(d, -1.0)) {
+    // The first test decides nearly always, and does not divide.
+    if (!(std::abs(std::abs(d) - 1) > Ky::KY_SMALL_REAL<double>::epsilon) &&
+        (Ky::KY_ARE_EQUAL(d, 1.0) || Ky::KY_ARE_EQUAL(d, -1.0))) {
         axis.setOrthogonal(from);
     } else {
         axis = from.cross(to);

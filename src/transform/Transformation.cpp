@@ -41,13 +41,24 @@ Matrix44T<T> createRotationT(T x, T y, T z) {
                         0, 0, 0, 1);
 }
 
+namespace {
+
+// Each component divided by the norm: a pair of doubles takes as long as one, four floats longer.
+inline Quaternionf unitOf(const Quaternionf& q) {
+    const float norm = q.norm();
+    return Quaternionf(q.w() / norm, q.x() / norm, q.y() / norm, q.z() / norm);
+}
+inline Quaterniond unitOf(const Quaterniond& q) {
+    const auto unit = internal::load(static_cast<const double*>(q)) / q.norm();
+    return Quaterniond(unit[0], unit[1], unit[2], unit[3]);
+}
+
+}  // namespace
+
 template <class T>
 Matrix44T<T> createRotationT(const QuaternionT<T>& q) {
-    const T norm = q.norm();
-    const T w = q.w() / norm;
-    const T x = q.x() / norm;
-    const T y = q.y() / norm;
-    const T z = q.z() / norm;
+    const QuaternionT<T> unit = unitOf(q);
+    const T w = unit.w(), x = unit.x(), y = unit.y(), z = unit.z();
     // The doubled sum is subtracted from 1 in double; the result is rounded to T.
     const auto diagonal = [](T sum) { return T(1.0 - double(2 * sum)); };
     return Matrix44T<T>(diagonal(y * y + z * z), 2 * (x * y + z * w), 2 * (x * z - y * w), 0,  //
@@ -148,16 +159,23 @@ Vector3T<T> getRotationT(const Matrix44T<T>& m, bool normalize) {
     return anglesOf(n);
 }
 
+namespace {
+
+template <class T>
+QuaternionT<T> quaternionOf(const T* m) {
+    T squares = m[0] * m[0];  // row by row
+    for (int i = 1; i < 9; ++i) squares += m[i % 3 * 4 + i / 3] * m[i % 3 * 4 + i / 3];
+    return internal::rotationToQuaternion(m, squares);
+}
+
+}  // namespace
+
 template <class T>
 QuaternionT<T> getRotationAsQuaternionT(const Matrix44T<T>& m, bool removeScale) {
+    if (!removeScale) return quaternionOf<T>(m);
     Matrix44T<T> a(m);
-    if (removeScale) setScaleT(a, Vector3T<T>(1, 1, 1));
-
-    T squares = 0;
-    for (unsigned long r = 0; r < 3; ++r) {
-        for (unsigned long c = 0; c < 3; ++c) squares += a(r, c) * a(r, c);
-    }
-    return internal::rotationToQuaternion<T>(a, squares);
+    setScaleT(a, Vector3T<T>(1, 1, 1));
+    return quaternionOf<T>(a);
 }
 
 template <class T>
