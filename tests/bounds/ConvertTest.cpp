@@ -39,6 +39,8 @@ TEST(ConvertTest, EmptyBoxesStayEmpty) {
     EXPECT_BITS(BoundingBoxd(), toDouble(BoundingBoxf()));
     const double most = BoundingBoxd().xMin();
     EXPECT_BITS(Vector3f(1, 2, 3), toFloat(BoundingBoxd(most, most, most, 1, 2, 3)).getMax());
+    const float mostf = BoundingBoxf().xMin();
+    EXPECT_BITS(Vector3d(1, 2, 3), toDouble(BoundingBoxf(mostf, mostf, mostf, 1, 2, 3)).getMax());
 }
 
 // 1e-10 is positive for a plane of doubles, and less than the epsilon of floats.
