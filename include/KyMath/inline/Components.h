@@ -59,19 +59,21 @@ KY_HELPER constexpr T largest() {
     return sizeof(T) == sizeof(float) ? T(__FLT_MAX__) : T(__DBL_MAX__);
 }
 
-/// A register of every processor, as values in memory.
+/// A register of every processor, as values in memory. Packed: Clang forgets the alignment of a
+/// vector type that depends on a template.
 template <class T>
-struct Register {
-    typedef T Values __attribute__((vector_size(16), aligned(sizeof(T)), may_alias));
+struct __attribute__((packed, may_alias)) Register {
+    typedef T Values __attribute__((vector_size(16)));
     static constexpr unsigned long count = 16 / sizeof(T);
+    Values values;
 };
 template <class T>
-KY_HELPER typename Register<T>::Values& at(T* p) {
-    return *reinterpret_cast<typename Register<T>::Values*>(p);
+KY_HELPER Register<T>& at(T* p) {
+    return *reinterpret_cast<Register<T>*>(p);
 }
 template <class T>
-KY_HELPER const typename Register<T>::Values& at(const T* p) {
-    return *reinterpret_cast<const typename Register<T>::Values*>(p);
+KY_HELPER const Register<T>& at(const T* p) {
+    return *reinterpret_cast<const Register<T>*>(p);
 }
 
 template <class T, unsigned long N>
@@ -83,7 +85,7 @@ KY_HELPER void copy(T (&a)[N], const T* b) {
 template <class T>
 KY_HELPER void assign(T (&a)[16], const T (&b)[16]) {
     KY_UNROLL
-    for (unsigned long i = 0; i < 16; i += Register<T>::count) at(a + i) = at(b + i);
+    for (unsigned long i = 0; i < 16; i += Register<T>::count) at(a + i).values = at(b + i).values;
 }
 
 template <class T, unsigned long N>
@@ -113,7 +115,7 @@ KY_HELPER void scale(T (&a)[N], T s) {
 template <class T>
 KY_HELPER void scale(T (&a)[16], T s) {
     KY_UNROLL
-    for (unsigned long i = 0; i < 16; i += Register<T>::count) at(a + i) *= s;
+    for (unsigned long i = 0; i < 16; i += Register<T>::count) at(a + i).values *= s;
 }
 
 template <class T, unsigned long N>

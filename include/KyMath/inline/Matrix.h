@@ -90,7 +90,8 @@ template <class T>
 KY_HELPER void timesVector(T (&p)[4], const T (&m)[16], T x, T y, T z, T w) {
     KY_UNROLL
     for (unsigned long i = 0; i < 4; i += Register<T>::count) {
-        at(p + i) = at(m + i) * x + at(m + i + 4) * y + at(m + i + 8) * z + at(m + i + 12) * w;
+        at(p + i).values = at(m + i).values * x + at(m + i + 4).values * y +
+                           at(m + i + 8).values * z + at(m + i + 12).values * w;
     }
 }
 
