@@ -213,22 +213,22 @@ TYPED_TEST(BatchTest, DoesLikeSingleCalls) {
     using V = Vec<T>;
     using Q = Quat<T>;
     using M = Mat<T>;
-    auto& corpus = this->corpus;
+    auto& random = this->corpus;
     auto vectors = this->vectors(), others = this->vectors();
     vectors[0] = vectors[kMost - 1] = V();
     vectors[4] = others[4];
     const auto normalized = [](auto v) { return after(v, [](auto& a) { a.normalize(); }); };
     const auto quaternion = [&] {
-        const V v = corpus.vector();
-        return Q(corpus.plain(), v.x(), v.y(), v.z());
+        const V v = random.vector();
+        return Q(random.plain(), v.x(), v.y(), v.z());
     };
     const auto unit = [&] { return normalized(quaternion()); };
     auto quaternions = list<Q>(quaternion);
     const auto units = list<Q>(unit), ends = list<Q>(unit);
     quaternions[1] = Q(0, 0, 0, 0);
-    const auto t = list<T>([&] { return std::abs(corpus.plain()) / 10; });
-    const auto radii = list<T>([&] { return std::abs(corpus.plain()); });
-    const auto matrices = list<M>([&] { return corpus.matrix(); });
+    const auto t = list<T>([&] { return std::abs(random.plain()) / 10; });
+    const auto radii = list<T>([&] { return std::abs(random.plain()); });
+    const auto matrices = list<M>([&] { return random.matrix(); });
     const auto normalOf = [](const V& a, const V& b, const V& c) {
         return after(V(), [&](V& n) { V::planeNormal(a, b, c, n); });
     };
