@@ -7,9 +7,8 @@
 # optimisation, with link-time optimisation and flags that let a compiler round differently, for plain
 # x86-64 up to what this CPU has, shared and static, the latter also as on a processor without AVX2 or
 # AVX-512; then clients of one shared library that are compiled with flags of their own, and inline small
-# members or not. A difference names the build
-# and the function. Flags that the library cannot be built with must be refused. --quick takes a few
-# builds that differ most.
+# members or not. A difference names the build and the function. Flags that the library cannot be built
+# with must be refused. --quick takes a few builds that differ most.
 . "$(dirname "$(readlink -f "$0")")/common.sh"
 takes --quick "$@"
 prepare library tests clang
