@@ -13,7 +13,6 @@
 // World coordinates are metres: x east, y north, z up. The exit status is 1 if a check of 3 or 4
 // fails, and 2 after a one-line message for any other error.
 
-#include "Convert.h"
 #include "HeightField.h"
 #include "Map.h"
 #include "Program.h"
