@@ -28,6 +28,20 @@ KY_TEST(MatrixTest, ConstructorsFillColumnByColumn) {
     EXPECT_BITS(Mat<T>(1, 2, 3, 0, 4, 5, 6, 0, 7, 8, T(0.1), 0, 0, 0, 0, 1), Mat<T>(block));
 }
 
+// Vectors of the processor would want 16 bytes.
+KY_TEST(MatrixTest, IsAlignedAsItsScalars) {
+    alignas(16) struct {
+        T first;
+        Mat<T> from, to;
+    } odd;
+    odd.from = Corpus<T>(1).matrix();
+    odd.to = odd.from;
+    odd.to *= 2;
+    EXPECT_BITS(odd.to, Mat<T>::multiply(Mat<T>(odd.from), T(2)));
+    const Vec4<T> v = Mat<T>::multiplyWithVector(odd.to, Vec4<T>(1, 0, 0, 0));
+    EXPECT_BITS(Vec4<T>(odd.to[0]), v);
+}
+
 TEST(MatrixArrayViewTest, IsTheStorageOfDoubles) {
     Matrix44d d;
     EXPECT_EQ(d[0], *static_cast<Ky::KyReal4*>(d));
