@@ -54,7 +54,7 @@ static KY_INLINE Group<T> groupAt(Strided<const T> s, std::size_t i, std::size_t
 /// Value k of each element.
 template <class T>
 static KY_INLINE Wide<T> gather(const Group<T>& group, std::size_t k) {
-    Wide<T> v;
+    Wide<T> v = {};
     for (std::size_t i = 0; i < kWide<T>; ++i) v[i] = group.p[i][k];
     return v;
 }

@@ -12,9 +12,9 @@ namespace {
 __attribute__((constructor(101))) void askProcessor() {
     __builtin_cpu_init();
     hasAvx2 = __builtin_cpu_supports("avx2");
-    hasAvx512 = hasAvx2 && __builtin_cpu_supports("avx512f") &&
-                __builtin_cpu_supports("avx512bw") && __builtin_cpu_supports("avx512dq") &&
-                __builtin_cpu_supports("avx512vl");
+    hasAvx512 = hasAvx2 & bool(__builtin_cpu_supports("avx512f")) &
+                bool(__builtin_cpu_supports("avx512bw")) &
+                bool(__builtin_cpu_supports("avx512dq")) & bool(__builtin_cpu_supports("avx512vl"));
 }
 
 }  // namespace

@@ -10,7 +10,7 @@ template <class A, class B>
 void expectRounded(const A& a, const B& b) {
     Numbers rounded = numbers(a);
     // From memory: GCC 12 drops the rounding of a pair of doubles to float and back.
-    for (double& x : rounded) x = runtime(static_cast<float>(x));
+    for (double& x : rounded) x = double(runtime(static_cast<float>(x)));
     EXPECT_EQ(rounded, numbers(b));
 }
 
