@@ -54,8 +54,8 @@ header_cost() { # HEADER GOAL_MILLISECONDS GOAL_KIB
     echo "| \`$1\` | $time ms | $2 ms | $size KiB | $3 KiB | $holds |"
 }
 {
-    echo "$(sed -n 's/^model name.*: //p' /proc/cpuinfo | head -n 1)," \
-        "$(sed -n 's/^CMAKE_CXX_COMPILER:[^=]*=//p' build/$preset/CMakeCache.txt | xargs -I{} {} --version | head -n 1)"
+    compiler=$(sed -n 's/^CMAKE_CXX_COMPILER:[^=]*=//p' build/$preset/CMakeCache.txt)
+    echo "$(sed -n 's/^model name.*: //p' /proc/cpuinfo | head -n 1), $("$compiler" --version | head -n 1)"
     /usr/bin/python3 benchmarks/report.py benchmarks/goals.txt $results $picture # Debian's, with matplotlib
     if [[ $picture ]]; then
         printf '\n| A unit that includes | takes | goal | preprocessed | goal | goals |\n|---|--:|--:|--:|--:|---|\n'
