@@ -275,9 +275,9 @@ PyTypeObject* addType(PyObject* module, const char* name, std::size_t size, Func
     slots.push_back({Py_tp_methods, functions.finish()});
     slots.push_back({Py_tp_getset, attributes.data()});
     slots.push_back({});
-    PyType_Spec spec = {keep(std::string("kymath.") + name), int(size), 0, Py_TPFLAGS_DEFAULT,
-                        slots.data()};
-    Ref type(PyType_FromSpec(&spec));
+    PyType_Spec layout = {keep(std::string("kymath.") + name), int(size), 0, Py_TPFLAGS_DEFAULT,
+                          slots.data()};
+    Ref type(PyType_FromSpec(&layout));
     // Before the numbers and the arrays of numpy, which would take a vector for an array.
     Ref priority(PyFloat_FromDouble(1000));
     check(PyObject_SetAttrString(type.get(), "__array_priority__", priority.get()));
@@ -304,8 +304,8 @@ void addConstant(PyTypeObject* type, const char* name, PyObject* value) {
     }
     static PyTypeObject* const constantType = [] {
         PyType_Slot slots[] = {{Py_tp_descr_get, reinterpret_cast<void*>(readConstant)}, {}};
-        PyType_Spec spec = {"kymath.Constant", sizeof(Constant), 0, Py_TPFLAGS_DEFAULT, slots};
-        return reinterpret_cast<PyTypeObject*>(Ref(PyType_FromSpec(&spec)).release());
+        PyType_Spec layout = {"kymath.Constant", sizeof(Constant), 0, Py_TPFLAGS_DEFAULT, slots};
+        return reinterpret_cast<PyTypeObject*>(Ref(PyType_FromSpec(&layout)).release());
     }();
     auto* const constant = PyObject_New(Constant, constantType);
     const Ref ref(reinterpret_cast<PyObject*>(constant));

@@ -10,8 +10,6 @@
 
 #include "lanes/Kernels.h"
 
-#include <type_traits>
-
 // Array calls that are loops over single calls.
 
 namespace KyMath::Batch {
@@ -20,16 +18,10 @@ namespace {
 
 using internal::Strided;
 
-template <class V>
-V& at(const Strided<V>& s, std::size_t i) {
-    using Byte = std::conditional_t<std::is_const_v<V>, const char, char>;
-    return *reinterpret_cast<V*>(reinterpret_cast<Byte*>(s.first) + i * s.stride);
-}
-
 /// out[i] = op(in[i]...)
 template <class Op, class Out, class... In>
 void each(std::size_t count, Op op, Strided<Out> out, Strided<In>... in) {
-    for (std::size_t i = 0; i < count; ++i) at(out, i) = op(at(in, i)...);
+    for (std::size_t i = 0; i < count; ++i) *at(out, i) = op(*at(in, i)...);
 }
 template <class V>
 V normalizedCopy(V v) {
@@ -127,7 +119,7 @@ void expandBy(BoundingBoxT<T>& box, const Vector3T<T>* points, std::size_t count
     BoundingBoxT<T> grown(box);
     const Strided<const Vector3T<T>> in = {points, stride};
     for (std::size_t i = 0; i < count; ++i) {
-        const Vector3T<T>& p = at(in, i);
+        const Vector3T<T>& p = *at(in, i);
         grown.expandBy(p.x(), p.y(), p.z());
     }
     box = grown;

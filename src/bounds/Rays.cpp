@@ -9,6 +9,8 @@
 #include <cmath>
 #include <limits>
 
+#include "lanes/Kernels.h"
+
 namespace KyMath::Rays {
 
 namespace {
@@ -57,12 +59,6 @@ struct Slabs {
     T reciprocal[3];
     bool along[3];
 };
-
-/// An element of an array with a stride in bytes.
-template <class V>
-const V& element(const V* elements, std::size_t i, std::size_t stride) {
-    return *reinterpret_cast<const V*>(reinterpret_cast<const char*>(elements) + i * stride);
-}
 
 }  // namespace
 
@@ -126,8 +122,9 @@ void intersectBoxes(const Vector3T<T>& origin, const Vector3T<T>& direction,
                     const BoundingBoxT<T>* boxes, T* tNear, T* tFar, std::size_t count,
                     std::size_t stride) {
     const Slabs<T> line(origin, direction);
+    const internal::Strided<const BoundingBoxT<T>> all = {boxes, stride};
     for (std::size_t i = 0; i < count; ++i) {
-        if (line.meets(element(boxes, i, stride), &tNear[i], &tFar[i])) continue;
+        if (line.meets(*at(all, i), &tNear[i], &tFar[i])) continue;
         tNear[i] = kInfinity<T>;
         tFar[i] = -kInfinity<T>;
     }
@@ -137,9 +134,10 @@ template <class T>
 void intersectBox(const Vector3T<T>* origins, const Vector3T<T>* directions,
                   const BoundingBoxT<T>& box, T* tNear, T* tFar, std::size_t count,
                   std::size_t stride) {
+    const internal::Strided<const Vector3T<T>> from = {origins, stride};
+    const internal::Strided<const Vector3T<T>> along = {directions, stride};
     for (std::size_t i = 0; i < count; ++i) {
-        intersectBoxes(element(origins, i, stride), element(directions, i, stride), &box, &tNear[i],
-                       &tFar[i], 1, 0);
+        intersectBoxes(*at(from, i), *at(along, i), &box, &tNear[i], &tFar[i], 1, 0);
     }
 }
 
@@ -158,9 +156,10 @@ void intersectTriangle(const Vector3T<T>* origins, const Vector3T<T>* directions
                        const Vector3T<T>& a, const Vector3T<T>& b, const Vector3T<T>& c, T* t,
                        std::size_t count, std::size_t stride) {
     const Vector3T<T> corners[] = {a, b, c};
+    const internal::Strided<const Vector3T<T>> from = {origins, stride};
+    const internal::Strided<const Vector3T<T>> along = {directions, stride};
     for (std::size_t i = 0; i < count; ++i) {
-        intersectTriangles(element(origins, i, stride), element(directions, i, stride), corners,
-                           &t[i], 1);
+        intersectTriangles(*at(from, i), *at(along, i), corners, &t[i], 1);
     }
 }
 

@@ -6,17 +6,9 @@
 #include "lanes/Kernels.h"
 #include "lanes/Lanes.h"
 
-#include <type_traits>
-
 // Elements of arrays, and several of them at once: one element to a lane.
 
 namespace KyMath::internal {
-
-template <class T>
-static KY_INLINE T* at(const Strided<T>& s, std::size_t i) {
-    using Byte = std::conditional_t<std::is_const_v<T>, const char, char>;
-    return reinterpret_cast<T*>(reinterpret_cast<Byte*>(s.first) + i * s.stride);
-}
 
 namespace {
 

@@ -6,6 +6,7 @@
 #include "internal/Arithmetic.h"
 
 #include <cstddef>
+#include <type_traits>
 
 namespace KyMath::internal {
 
@@ -15,6 +16,12 @@ struct Strided {
     T* first;
     std::size_t stride;
 };
+/// Element i. Always inlined: a shared copy would be compiled for one processor only.
+template <class T>
+static inline __attribute__((always_inline)) T* at(const Strided<T>& s, std::size_t i) {
+    using Byte = std::conditional_t<std::is_const_v<T>, const char, char>;
+    return reinterpret_cast<T*>(reinterpret_cast<Byte*>(s.first) + i * s.stride);
+}
 
 /// A plane: its coefficients, and of the six values of a box, those of the corners that are
 /// furthest along and furthest against its normal.
