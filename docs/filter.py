@@ -26,7 +26,7 @@ def name(path):
 
 
 def link(page, match):
-    text, target = match.groups()
+    text, target = " ".join(match[1].split()), match[2]  # Doxygen loses its way at a line end
     path, _, anchor = target.partition("#")
     if ":" in target:
         return match[0]
