@@ -114,7 +114,7 @@ struct Checks {
         for (std::size_t i = 0; i < world.size(); ++i) {
             const Bvh::Joint& joint = motion.joints[i];
             const Vector3d at = world[i].getTranslation();
-            bounds.expandBy(at.x(), at.y(), at.z());
+            bounds.expandBy(at);
             if (i > 0 && joint.hasFixedLength()) {
                 const Vector3d from = world[joint.parent].getTranslation();
                 raise(bones, std::abs(Vector3d::distance(from, at) / joint.rest.norm() - 1));
@@ -253,7 +253,7 @@ void drawPathsAndLegend(Svg& svg, const Bvh& motion, const std::vector<Svg::Poin
 void draw(const Bvh& motion, const std::vector<Pose>& played, const BoundingBoxd& bounds,
           const std::string& output) {
     BoundingBoxd way;  // of the root; its longer side, x or z, becomes the picture's width
-    for (const Pose& pose : played) way.expandBy(pose[0](0, 3), pose[0](1, 3), pose[0](2, 3));
+    for (const Pose& pose : played) way.expandBy(pose[0].getTranslation());
     const int across = way.getBBSize().z() > way.getBBSize().x() ? 2 : 0;
     const Vector3d size = bounds.getBBSize(), centre = bounds.center();
     const double scale = std::min(918 / (size[across] + 1e-9), 640 / (size.y() + 1e-9));

@@ -66,7 +66,8 @@ public:
     /// @name Growing
     /// Per axis: min becomes the smaller, max the larger value. A NaN changes nothing.
     /// @{
-    void expandBy(T x, T y, T z);  ///< To hold the point.
+    void expandBy(T x, T y, T z);         ///< To hold the point.
+    void expandBy(const Vector3T<T>& p);  ///< To hold the point.
     /// To hold the box of centre +- radius, formed in double. Do not merge an empty sphere
     /// (negative radius): its validity is not checked.
     void expandBy(const BoundingSphere& s);

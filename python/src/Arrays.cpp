@@ -310,6 +310,7 @@ void addBounds(Space& boxes, Space& planes) {
     add<&B<T>::radius...>(boxes, "radius");
     add<&B<T>::radius2...>(boxes, "radius2");
     add<static_cast<void (B<T>::*)(T, T, T)>(&B<T>::expandBy)...>(boxes, "expandBy");
+    add<static_cast<void (B<T>::*)(const V3<T>&)>(&B<T>::expandBy)...>(boxes, "expandBy_p");
     add<static_cast<void (B<T>::*)(const BoundingSphere&)>(&B<T>::expandBy)...>(boxes,
                                                                                 "expandBy_s");
     add<[](const B<T>& a, const B<T>& b) { return a + b; }...>(boxes, "add");

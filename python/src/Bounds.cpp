@@ -34,7 +34,8 @@ void addBoundingBox(PyObject* module) {
     def<&B::radius>(type, "radius");
     def<&B::radius2>(type, "radius2");
     def<static_cast<void (B::*)(T, T, T)>(&B::expandBy),
-        static_cast<void (B::*)(const S&)>(&B::expandBy)>(type, "expandBy", "x y z|s");
+        static_cast<void (B::*)(const V&)>(&B::expandBy),
+        static_cast<void (B::*)(const S&)>(&B::expandBy)>(type, "expandBy", "x y z|p|s");
     op<Py_nb_add, static_cast<B (B::*)(const B&) const>(&B::operator+),
        static_cast<B (B::*)(const S&) const>(&B::operator+)>(type);
     opInPlace<Py_nb_inplace_add, static_cast<B& (B::*)(const B&)>(&B::operator+=),

@@ -46,7 +46,8 @@ KY_TEST(BoundingBoxTest, RadiusIsTakenInDouble) {
 KY_TEST(BoundingBoxTest, GrowsWhereStrictlyBeyond) {
     const T nan = kNaN<T>;
     Box<T> box(0, 0, 0, 0, 0, 0);  // equal zeros keep their sign, and a NaN replaces nothing
-    box.expandBy(-T(0), nan, 2);
+    box.expandBy(-T(0), nan, 1);
+    box.expandBy(Vector3T<T>(-T(0), nan, 2));
     EXPECT_BITS(Box<T>(0, 0, 0, 0, 0, 2), box);
     EXPECT_BITS(Box<T>(0, 0, -1, 0, 0, 2), box + Box<T>(-T(0), nan, -1, -T(0), nan, nan));
     EXPECT_BITS(Box<T>(nan, 0, 0, nan, 1, 1),

@@ -123,7 +123,7 @@ void bounds(Run& run) {
     const Vector3T<T> p = run.draw<Vector3T<T>>(), q = run.draw<Vector3T<T>>();
     B a = run.draw<BoundingBoxT<T>>(), b = run.draw<BoundingBoxT<T>>(), c,
       d(p[0], p[1], p[2], q[0], q[1], q[2]);
-    c += a, c += b, d.expandBy(q[0], p[1], q[2]);
+    c += a, c += b, d.expandBy(q[0], p[1], q[2]), d.expandBy(p - q);
     run.add((a + d).center()), run.add(c.getBBSize()), run.add(a.radius()), run.add(b.radius2());
     run.add(c.contains(p)), run.add(a.intersect(p, q)), run.add(B::isBetween(p[0], q[0], p[1]));
     run.add(c.valid()), run.add(c.corner(5) + a.corner(2)), a.init();

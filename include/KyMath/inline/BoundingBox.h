@@ -152,6 +152,10 @@ KY_SMALL void BoundingBoxT<T>::expandBy(T x, T y, T z) {
     set(internal::lower(min_[0], x), internal::lower(min_[1], y), internal::lower(min_[2], z),
         internal::higher(max_[0], x), internal::higher(max_[1], y), internal::higher(max_[2], z));
 }
+template <class T>
+KY_SMALL void BoundingBoxT<T>::expandBy(const Vector3T<T>& p) {
+    expandBy(p[0], p[1], p[2]);
+}
 #ifdef KYMATH_INLINE  // in the library, by registers: a call goes through memory anyway
 
 template <class T>
