@@ -54,7 +54,7 @@ public:
         eXYZr = 21,
         eZYZs = 22,
         eZYZr = 23,
-        eNegated = 32  ///< Negates all angles; needs a cast: eEulerOrder(eXYZs | eNegated).
+        eNegated = 32  ///< Negates all angles: eXYZs | eNegated.
     };
 
     /// The order of angles that are constructed without one, eXYZs unless assigned. Assign it
@@ -122,6 +122,12 @@ private:
     double a_[3];
     eEulerOrder order_;
 };
+
+/// An order together with the bit eNegated.
+constexpr KyEulerAngles::eEulerOrder operator|(KyEulerAngles::eEulerOrder a,
+                                               KyEulerAngles::eEulerOrder b) {
+    return KyEulerAngles::eEulerOrder(int(a) | int(b));
+}
 
 /// Writes [a0 a1 a2 order: n] with precision 17 and no line end, n being the order as a number. The
 /// stream's precision is restored; its other flags apply.
