@@ -8,6 +8,8 @@
 #include <KyMath/Quaternion.h>
 #include <KyMath/Vector3.h>
 
+#include <iosfwd>
+
 namespace Ky {
 
 /// Rigid transform, p -> R p + t, as sixteen doubles in the memory order of Matrix44T<double>:
@@ -164,6 +166,9 @@ public:
 private:
     double v_[16];  // element (r, c) at 4c + r
 };
+
+template <class U, KyMath::internal::If<KyMath::internal::IsTransform<U>::value> = 0>
+std::ostream& operator<<(std::ostream&, const U&) KY_DELETED("see KyMath/Format.h");
 
 }  // namespace Ky
 

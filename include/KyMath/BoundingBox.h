@@ -25,6 +25,8 @@ public:
     BoundingBoxT();  ///< The empty box.
     BoundingBoxT(T xMin, T yMin, T zMin, T xMax, T yMax, T zMax);
     BoundingBoxT(const Vector3T<T>& min, const Vector3T<T>& max);
+    template <class U>
+    explicit BoundingBoxT(const BoundingBoxT<U>&) KY_DELETED("call toFloat() or toDouble()");
     void init();  ///< Makes it the empty box.
     void set(T xMin, T yMin, T zMin, T xMax, T yMax, T zMax);
     void set(const Vector3T<T>& min, const Vector3T<T>& max);

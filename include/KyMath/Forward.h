@@ -5,6 +5,8 @@
 
 #include <Ky/Export.h>
 
+#include <iosfwd>
+
 /// Rigid transforms, Euler angles and tolerances.
 namespace Ky {
 
@@ -72,7 +74,19 @@ struct IsScalar<double> {
 };
 
 /// Types that convert to a pointer: without deleted overloads, each would be accepted as any other.
-enum class Kind { other, null, vector2, vector, quaternion, matrix, floatMatrix };
+/// Also lines and shapes, for which deleted overloads give a clearer message.
+enum class Kind {
+    other,
+    null,
+    vector2,
+    vector,
+    quaternion,
+    matrix,
+    floatMatrix,
+    transform,
+    line,
+    shape
+};
 template <Kind k>
 struct Is {
     static constexpr Kind kind = k;
@@ -106,7 +120,19 @@ struct KindOf<Matrix44T<T>> : Is<Kind::matrix> {};
 template <>
 struct KindOf<Matrix44T<float>> : Is<Kind::floatMatrix> {};
 template <>
-struct KindOf<Ky::KyTransform> : Is<Kind::matrix> {};
+struct KindOf<Ky::KyTransform> : Is<Kind::transform> {};
+template <>
+struct KindOf<Line3> : Is<Kind::line> {};
+template <class T>
+struct KindOf<BoundingBoxT<T>> : Is<Kind::shape> {};
+template <>
+struct KindOf<BoundingSphere> : Is<Kind::shape> {};
+template <class T>
+struct KindOf<PlaneT<T>> : Is<Kind::shape> {};
+template <>
+struct KindOf<Polytope> : Is<Kind::shape> {};
+template <>
+struct KindOf<Frustum> : Is<Kind::shape> {};
 
 /// Conditions of the deleted overloads.
 template <class U>
@@ -115,7 +141,8 @@ struct IsFloatMatrix {
 };
 template <class U>
 struct IsMatrix {
-    static constexpr bool value = IsFloatMatrix<U>::value || KindOf<U>::kind == Kind::matrix;
+    static constexpr bool value =
+        KindOf<U>::kind >= Kind::matrix && KindOf<U>::kind <= Kind::transform;
 };
 template <class U>
 struct IsNoQuaternion {
@@ -126,6 +153,27 @@ template <class U>
 struct IsNoVector3 {
     static constexpr bool value = KindOf<U>::kind != Kind::other && KindOf<U>::kind != Kind::vector;
 };
+template <class U>
+struct IsLine {
+    static constexpr bool value = KindOf<U>::kind == Kind::line;
+};
+template <class U>
+struct IsTransform {
+    static constexpr bool value = KindOf<U>::kind == Kind::transform;
+};
+template <class U>
+struct IsVector {
+    static constexpr bool value =
+        KindOf<U>::kind >= Kind::vector2 && KindOf<U>::kind <= Kind::quaternion;
+};
+template <class U, class V>
+struct AreUnlike {
+    static constexpr bool value = IsVector<U>::value && IsVector<V>::value;
+};
+template <class U>
+struct AreUnlike<U, U> {
+    static constexpr bool value = false;
+};
 template <bool>
 struct Enable {};
 template <>
@@ -135,7 +183,33 @@ struct Enable<true> {
 template <bool condition>
 using If = typename Enable<condition>::type;
 
+/// Any shape converts to it, so that an operator << of a client's own is the better match.
+struct Shape {
+    template <class U, If<KindOf<U>::kind == Kind::shape> = 0>
+    Shape(const U&);
+};
+
 }  // namespace internal
+
+std::ostream& operator<<(std::ostream&, internal::Shape) KY_DELETED("see KyMath/Format.h");
+
+/// @name Not between vectors of different types, or a vector and a quaternion
+/// @{
+template <class U, class V, internal::If<internal::AreUnlike<U, V>::value> = 0>
+bool operator==(const U&, const V&) KY_DELETED("it would compare addresses");
+template <class U, class V, internal::If<internal::AreUnlike<U, V>::value> = 0>
+bool operator!=(const U&, const V&) KY_DELETED("it would compare addresses");
+template <class U, class V, internal::If<internal::AreUnlike<U, V>::value> = 0>
+bool operator<(const U&, const V&) KY_DELETED("it would compare addresses");
+template <class U, class V, internal::If<internal::AreUnlike<U, V>::value> = 0>
+bool operator>(const U&, const V&) KY_DELETED("it would compare addresses");
+template <class U, class V, internal::If<internal::AreUnlike<U, V>::value> = 0>
+bool operator<=(const U&, const V&) KY_DELETED("it would compare addresses");
+template <class U, class V, internal::If<internal::AreUnlike<U, V>::value> = 0>
+bool operator>=(const U&, const V&) KY_DELETED("it would compare addresses");
+template <class U, class V, internal::If<internal::AreUnlike<U, V>::value> = 0>
+void operator-(const U&, const V&) KY_DELETED("it would subtract addresses");
+/// @}
 
 }  // namespace KyMath
 

@@ -66,7 +66,8 @@ public:
 
 /// The piece of a line between p1 and p2, factors 0 to 1.
 ///
-/// Hides the overloads of Line3 for lines and spheres, which would take the segment as infinite.
+/// Hides the overloads of Line3 for lines and spheres, which would take the segment as infinite: if
+/// that is what you want, call them as `segment.Line3::distanceTo(line, &closest)`.
 class KY_API Segment3 : public Line3 {
 public:
     Segment3();  ///< Both points (0, 0, 0).
@@ -78,12 +79,16 @@ public:
     double closestPointFactor(const Vector3T<double>& q) const;
     /// As for the infinite lines, clamped to [0, 1].
     double closestPointFactor(const Segment3& segment) const;
+    template <class L, internal::If<internal::IsLine<L>::value> = 0>
+    double closestPointFactor(const L&) const KY_DELETED("the segment would count as infinite");
     /// @}
 
     /// @name Closest point on this segment
     /// @{
     Vector3T<double> closestPointTo(const Vector3T<double>& q) const;
     Vector3T<double> closestPointTo(const Segment3& segment) const;
+    template <class L, internal::If<internal::IsLine<L>::value> = 0>
+    Vector3T<double> closestPointTo(const L&) const KY_DELETED("it would count as infinite");
     /// @}
 
     /// @name Distance
@@ -98,6 +103,11 @@ public:
     /// one lies wholly beyond the other, otherwise the distance of segment.p1 from this one, even
     /// where another of its points is closer. Swapping the segments can then change the result.
     double distanceTo(const Segment3& segment, Vector3T<double>* closest) const;
+
+    template <class L, internal::If<internal::IsLine<L>::value> = 0>
+    double distanceTo(const L&, Vector3T<double>*) const KY_DELETED("it would count as infinite");
+    template <class V, class P>
+    double distanceTo(const V&, double, int*, P) const KY_DELETED("it would count as infinite");
     /// @}
 };
 

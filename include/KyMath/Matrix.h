@@ -52,7 +52,7 @@ public:
     template <class U>
     Matrix44T(const QuaternionT<U>&) KY_DELETED("it would read past the end");
     template <class U>
-    Matrix44T(const Matrix44T<U>&) KY_DELETED("the scalar types differ");
+    Matrix44T(const Matrix44T<U>&) KY_DELETED("call toFloat() or toDouble()");
     /// @}
 
     Matrix44T& operator=(const Matrix44T& m);
@@ -173,8 +173,7 @@ extern template class Matrix44T<float>;
 extern template class Matrix44T<double>;
 
 template <class T>
-std::ostream& operator<<(std::ostream& os, const Matrix44T<T>& m)
-    KY_DELETED("it would print an address: write the components");
+std::ostream& operator<<(std::ostream&, const Matrix44T<T>&) KY_DELETED("see KyMath/Format.h");
 
 }  // namespace KyMath
 

@@ -36,6 +36,8 @@ public:
     /// counter-clockwise seen from the positive side. If that length is at most 1e-6 the normal is
     /// (0, 0, 0). d = -normal . p2.
     PlaneT(const Vector3T<T>& p1, const Vector3T<T>& p2, const Vector3T<T>& p3);
+    template <class U>
+    explicit PlaneT(const PlaneT<U>&) KY_DELETED("call toFloat() or toDouble()");
     /// @}
 
     /// @name Assignment

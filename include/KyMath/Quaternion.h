@@ -38,6 +38,8 @@ public:
     QuaternionT(const U&) KY_DELETED("its values are not w, x, y, z");
     QuaternionT(int) KY_DELETED("0 would be read as a pointer");
     QuaternionT(std::nullptr_t) KY_DELETED("0 would be read as a pointer");
+    template <class U>
+    explicit QuaternionT(const QuaternionT<U>&) KY_DELETED("call toFloat() or toDouble()");
     /// @}
 
     /// @name Assignment
@@ -201,8 +203,7 @@ extern template class QuaternionT<float>;
 extern template class QuaternionT<double>;
 
 template <class T>
-std::ostream& operator<<(std::ostream& os, const QuaternionT<T>& q)
-    KY_DELETED("it would print an address: write the components");
+std::ostream& operator<<(std::ostream&, const QuaternionT<T>&) KY_DELETED("see KyMath/Format.h");
 
 }  // namespace KyMath
 

@@ -36,6 +36,8 @@ public:
     Vector2T(const U&) KY_DELETED("it would take column 0");
     Vector2T(int) KY_DELETED("0 would be read as a pointer");
     Vector2T(std::nullptr_t) KY_DELETED("0 would be read as a pointer");
+    template <class U>
+    explicit Vector2T(const Vector2T<U>&) KY_DELETED("call toFloat() or toDouble()");
     /// @}
 
     /// @name Access: index 0 is x
@@ -126,8 +128,7 @@ extern template class Vector2T<float>;
 extern template class Vector2T<double>;
 
 template <class T>
-std::ostream& operator<<(std::ostream& os, const Vector2T<T>& v)
-    KY_DELETED("it would print an address: write the components");
+std::ostream& operator<<(std::ostream&, const Vector2T<T>&) KY_DELETED("see KyMath/Format.h");
 
 }  // namespace KyMath
 

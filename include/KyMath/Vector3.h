@@ -36,6 +36,8 @@ public:
     Vector3T(const U&) KY_DELETED("it would take column 0");
     Vector3T(int) KY_DELETED("0 would be read as a pointer");
     Vector3T(std::nullptr_t) KY_DELETED("0 would be read as a pointer");
+    template <class U>
+    explicit Vector3T(const Vector3T<U>&) KY_DELETED("call toFloat() or toDouble()");
     /// @}
 
     /// @name Assignment
@@ -200,8 +202,7 @@ extern template class Vector3T<float>;
 extern template class Vector3T<double>;
 
 template <class T>
-std::ostream& operator<<(std::ostream& os, const Vector3T<T>& v)
-    KY_DELETED("it would print an address: write the components");
+std::ostream& operator<<(std::ostream&, const Vector3T<T>&) KY_DELETED("see KyMath/Format.h");
 
 }  // namespace KyMath
 

@@ -40,6 +40,8 @@ public:
     Vector4T(const U&) KY_DELETED("it would take column 0");
     Vector4T(int) KY_DELETED("0 would be read as a pointer");
     Vector4T(std::nullptr_t) KY_DELETED("0 would be read as a pointer");
+    template <class U>
+    explicit Vector4T(const Vector4T<U>&) KY_DELETED("call toFloat() or toDouble()");
     /// @}
 
     /// @name Assignment
@@ -149,8 +151,7 @@ extern template class Vector4T<float>;
 extern template class Vector4T<double>;
 
 template <class T>
-std::ostream& operator<<(std::ostream& os, const Vector4T<T>& v)
-    KY_DELETED("it would print an address: write the components");
+std::ostream& operator<<(std::ostream&, const Vector4T<T>&) KY_DELETED("see KyMath/Format.h");
 
 }  // namespace KyMath
 
