@@ -15,8 +15,8 @@ import sys
 from filter import name, pieces, slug
 
 TOPICS = """
-thresholds, tolerance, OpenGL, Vulkan, Direct3D, viewport, handedness, memory, row, Euler, yaw, slerp,
-quaternion, glTF, USD, ROS, Blender, BVH, overflow, threads, alignment, sizes, print, store, hash,
+thresholds, tolerance, OpenGL, Vulkan, Direct3D, viewport, handedness, memory, row, Euler, yaw, gyroscope, slerp,
+quaternion, glTF, USD, ROS, Blender, BVH, accuracy, overflow, threads, alignment, sizes, print, store, hash,
 troubleshooting, mirrored, culled, uninstall, install, compilers, pkg-config, ray, pick, camera, depth, mask, curve,
 NaN, Eigen, GLM, Imath, Python, arrays
 """.replace("\n", " ").split(",")

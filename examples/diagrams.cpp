@@ -170,7 +170,8 @@ void drawMemory() {
     };
     svg.label({20, 28, 0}, "In memory: column after column", 16, kInk);
     for (int i = 0; i < 16; ++i) {
-        cell(20 + 52 * i + 8 * (i / 4), 42, "[" + std::to_string(i) + "]", colours[i / 4]);
+        const int column = i / 4;
+        cell(20 + 52 * i + 8 * column, 42, "[" + std::to_string(i) + "]", colours[column]);
     }
     svg.label({20, 118, 0}, "As rows and columns", 16, kInk);
     svg.label({330, 118, 0}, "A translation by (7, 8, 9)", 16, kInk);
