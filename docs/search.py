@@ -17,7 +17,7 @@ from filter import name, pieces, slug
 TOPICS = """
 thresholds, tolerance, OpenGL, Vulkan, Direct3D, viewport, handedness, memory, row, Euler, yaw, gyroscope, slerp,
 quaternion, glTF, USD, ROS, Blender, BVH, accuracy, overflow, threads, alignment, sizes, print, store, hash,
-troubleshooting, mirrored, culled, uninstall, install, compilers, pkg-config, ray, pick, camera, depth, mask, curve,
+troubleshooting, mirrored, culled, uninstall, install, compilers, Fedora, options, pkg-config, ray, pick, camera, depth, mask, curve,
 NaN, Eigen, GLM, Imath, Python, arrays
 """.replace("\n", " ").split(",")
 OF_THE_PROJECT = "architecture performance reliability versioning".split()  # only their headings
