@@ -5,26 +5,33 @@ include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
 # What programs need to run, what is needed to build them, and, only on request, the documentation.
-set(runtime COMPONENT KyMath_runtime)
 set(development COMPONENT KyMath_development)
 set(documentation COMPONENT KyMath_documentation EXCLUDE_FROM_ALL)
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/KyMath)
 
-install(
-    TARGETS KyMath
-    EXPORT KyMathTargets
-    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} ${runtime}
-            NAMELINK_COMPONENT KyMath_development
-    FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} ${development})
-# Its headers are those installed above.
-install(
-    TARGETS KyMathStatic
-    EXPORT KyMathTargets
-    ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} ${development}
-    FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} ${development} EXCLUDE_FROM_ALL)
-install(TARGETS KyMathInline EXPORT KyMathTargets)
-install(EXPORT KyMathTargets NAMESPACE KyMath:: FILE KyMathTargets.cmake DESTINATION ${package_dir}
-        ${development})
+# Both libraries have the same headers, installed with the first.
+set(libraries KyMath)
+if(KYMATH_LOCKSTEP)
+    list(APPEND libraries KyMathLockstep)
+endif()
+set(excluded "")
+foreach(library IN LISTS libraries)
+    install(
+        TARGETS ${library}
+        EXPORT ${library}Targets
+        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT ${library}_runtime
+                NAMELINK_COMPONENT ${library}_development
+        FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} ${development} ${excluded})
+    set(excluded EXCLUDE_FROM_ALL)
+    install(
+        TARGETS ${library}Static
+        EXPORT ${library}Targets
+        ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT ${library}_development
+        FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} ${development} ${excluded})
+    install(TARGETS ${library}Inline EXPORT ${library}Targets)
+    install(EXPORT ${library}Targets NAMESPACE KyMath:: DESTINATION ${package_dir}
+            COMPONENT ${library}_development)
+endforeach()
 
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/KyMathConfigVersion.cmake
                                  COMPATIBILITY SameMajorVersion)
@@ -33,16 +40,25 @@ install(FILES cmake/KyMathConfig.cmake ${PROJECT_BINARY_DIR}/KyMathConfigVersion
 
 # The path from the .pc file back to the prefix, so that an installed tree can be moved.
 file(RELATIVE_PATH pc_prefix /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
-configure_file(cmake/KyMath.pc.in ${PROJECT_BINARY_DIR}/KyMath.pc @ONLY)
-configure_file(cmake/KyMath-inline.pc.in ${PROJECT_BINARY_DIR}/KyMath-inline.pc @ONLY)
-install(FILES ${PROJECT_BINARY_DIR}/KyMath.pc ${PROJECT_BINARY_DIR}/KyMath-inline.pc
-        DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig ${development})
+foreach(library IN LISTS libraries)
+    set(pc_requirement -lm)
+    set(pc_name KyMath)
+    if(library STREQUAL "KyMathLockstep")
+        set(pc_requirement "-lsleef -lm")
+        set(pc_name KyMath-lockstep)
+    endif()
+    configure_file(cmake/KyMath.pc.in ${PROJECT_BINARY_DIR}/${pc_name}.pc @ONLY)
+    configure_file(cmake/KyMath-inline.pc.in ${PROJECT_BINARY_DIR}/${pc_name}-inline.pc @ONLY)
+    install(FILES ${PROJECT_BINARY_DIR}/${pc_name}.pc ${PROJECT_BINARY_DIR}/${pc_name}-inline.pc
+            DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT ${library}_development)
+endforeach()
 
 # Debugger views. gdb loads those beside the library, or, for a library of the system, from its data
 # directory: there, a file beside the library would be found first, and refused.
 install(FILES debug/KyMath.natvis DESTINATION ${CMAKE_INSTALL_DATADIR}/KyMath ${development})
-install(
-    CODE "
+foreach(library IN LISTS libraries)
+    install(
+        CODE "
     set(libdir \"${CMAKE_INSTALL_LIBDIR}\")
     cmake_path(ABSOLUTE_PATH libdir BASE_DIRECTORY \"\${CMAKE_INSTALL_PREFIX}\")
     set(views_dir \"\${libdir}\")
@@ -51,8 +67,9 @@ install(
         set(views_dir \"\${CMAKE_INSTALL_PREFIX}/share/gdb/auto-load\${libdir}\")
     endif()
     file(INSTALL DESTINATION \"\${views_dir}\" TYPE FILE
-         FILES \"$<TARGET_FILE:KyMath>-gdb.py\")"
-    ${runtime})
+         FILES \"$<TARGET_FILE:${library}>-gdb.py\")"
+        COMPONENT ${library}_runtime)
+endforeach()
 
 # The same folders as in the sources, so that pages find their pictures.
 install(FILES README.md CHANGELOG.md CONTRIBUTING.md SECURITY.md

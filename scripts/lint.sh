@@ -25,7 +25,7 @@ trap 'rm -rf "$sources_only"' EXIT
 tar -c --exclude=./build --exclude=./.git . | tar -x -C "$sources_only"
 licences=$(reuse --root "$sources_only" lint 2>&1) || { echo "$licences" && exit 1; }
 clang-format --dry-run -Werror "${sources[@]}"
-configure clang -DKYMATH_BENCHMARKS=ON
+configure clang -DKYMATH_BENCHMARKS=ON -DKYMATH_LOCKSTEP=OFF
 ours=$(sed 's/[][\.*^$()+?{|]/\\&/g' <<<"$root") # in a regular expression
 # Not on what calls the benchmarks' peers: their templates take minutes.
 find src examples benchmarks -name '*.cpp' ! -name '*Peers.cpp' -print0 |

@@ -29,14 +29,15 @@ reproducible() {
     echo "library and archive, GCC and Clang"
 }
 
-prepare library examples peers tests clang coverage
+prepare library lockstep examples peers tests clang coverage
 mkdir -p "$logs"
 echo "== Building"
-configure release
+configure release -DKYMATH_LOCKSTEP=ON
 cmake --build --preset release
 echo "== Proving"
 promise "Every exported name is tested" 'names' passes FunctionTableIsComplete
 promise "Results are the pinned ones" 'compared' passes FunctionResultsKyMath
+promise "Lockstep: the same without AVX and FMA" 'compared' passes FunctionResultsLockstepOnNehalem
 promise "All builds, all clients: the same bits" 'compared' bash scripts/agree.sh $quick
 promise "libm is called in known places only" 'objects' passes LibmThroughOneHeader
 promise "Without memory, nothing is lost or changed" 'allocations failed' passes FunctionMemoryKyMath

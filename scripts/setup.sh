@@ -5,6 +5,7 @@
 # setup.sh PURPOSE...: installs the Debian packages that are missing for
 #
 #     library       to build it
+#     lockstep      to build the library on SLEEF as well
 #     examples      the programs in examples
 #     peers         other libraries that examples and benchmarks are compared with
 #     tests         to run the tests
@@ -13,10 +14,11 @@
 #     clang         to build and test by Clang as well
 #     lint docs packages coverage benchmarks   the script of that name
 . "$(dirname "$(readlink -f "$0")")/common.sh"
-takes 'library|examples|peers|tests|module|python|clang|lint|docs|packages|coverage|benchmarks' "$@"
+takes 'library|lockstep|examples|peers|tests|module|python|clang|lint|docs|packages|coverage|benchmarks' "$@"
 
 declare -A packages=(
     [library]="g++ make cmake ninja-build" # make: for link-time optimisation on all cores
+    [lockstep]="libsleef-dev"
     [examples]="libpng-dev libcli11-dev"
     [peers]="libeigen3-dev libglm-dev libimath-dev libbullet-dev libassimp-dev assimp-testmodels"
     [tests]="libgtest-dev librapidcheck-dev libeigen3-dev pkg-config abigail-tools xz-utils gdb python3 qemu-user-static"

@@ -10,12 +10,12 @@ takes 'release|clang|debug|develop|asan|tsan|msan' "$@"
 
 [[ " $* " =~ \ (clang|msan)\  ]] && clang=clang || clang=
 [[ " $* " == *" release "* ]] && python=python || python=
-prepare library examples peers tests $clang $python
+prepare library lockstep examples peers tests $clang $python
 for preset in "$@"; do
     echo "== $preset: building"
     module=
     [[ $preset == release ]] && module="-DKYMATH_PYTHON=ON -DPython3_EXECUTABLE=/usr/bin/python3"
-    configure "$preset" $module
+    configure "$preset" -DKYMATH_LOCKSTEP=ON $module
     cmake --build --preset "$preset"
     echo "== $preset: testing"
     ctest --preset "$preset" -j "$(nproc)"

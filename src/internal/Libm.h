@@ -5,9 +5,82 @@
 
 #include "internal/Arithmetic.h"
 
+#ifdef KY_LOCKSTEP
+#include <sleef.h>
+
+#include <cmath>
+#else
 #include <math.h>  // sincos, an extension of the C library
+#endif
 
 namespace KyMath::internal {
+
+template <class T>
+struct SinCos {
+    T s, c;
+};
+
+// All calls of libm go through these, except sqrt, which is exact.
+
+#ifdef KY_LOCKSTEP
+
+// SLEEF's functions in plain C, which give the same bits on every processor: cinz_ is without fused
+// operations, and purec without a choice when the program starts. Where they would divide by zero
+// on the way to a good result, which a program may trap, the result is returned without them.
+
+constexpr double kPi = 3.141592653589793, kHalfPi = 1.5707963267948966;
+
+/// Whether tan(x) and asin(x) are x to the last bit, and acos(x) is that of 0.
+template <class T>
+inline bool isTiny(T x) {
+    return std::abs(x) < T(1e-17);
+}
+
+inline float sin(float x) {
+    return Sleef_cinz_sinf1_u10purec(x);
+}
+inline double sin(double x) {
+    return Sleef_cinz_sind1_u10purec(x);
+}
+inline double tan(double x) {
+    return isTiny(x) ? x : Sleef_cinz_tand1_u10purec(x);  // the tangent of the smallest would be 0
+}
+inline float asin(float x) {
+    if (std::abs(x) == 1) return float(x < 0 ? -kHalfPi : kHalfPi);
+    return isTiny(x) ? x : Sleef_cinz_asinf1_u10purec(x);
+}
+inline double asin(double x) {
+    if (std::abs(x) == 1) return x < 0 ? -kHalfPi : kHalfPi;
+    return isTiny(x) ? x : Sleef_cinz_asind1_u10purec(x);
+}
+inline float acos(float x) {
+    if (std::abs(x) == 1) return float(x < 0 ? kPi : 0);
+    return isTiny(x) ? float(kHalfPi) : Sleef_cinz_acosf1_u10purec(x);
+}
+inline double acos(double x) {
+    if (std::abs(x) == 1) return x < 0 ? kPi : 0;
+    return isTiny(x) ? kHalfPi : Sleef_cinz_acosd1_u10purec(x);
+}
+inline float atan2(float y, float x) {
+    if (x == 0 && y == 0) return std::signbit(x) ? float(std::signbit(y) ? -kPi : kPi) : y;
+    return Sleef_cinz_atan2f1_u10purec(y, x);
+}
+inline double atan2(double y, double x) {
+    if (x == 0 && y == 0) return std::signbit(x) ? (std::signbit(y) ? -kPi : kPi) : y;
+    return Sleef_cinz_atan2d1_u10purec(y, x);
+}
+
+/// Sine and cosine of an angle in one call.
+inline SinCos<float> sinCos(float x) {
+    const Sleef_float_2 r = Sleef_cinz_sincosf1_u10purec(x);
+    return {r.x, r.y};
+}
+inline SinCos<double> sinCos(double x) {
+    const Sleef_double_2 r = Sleef_cinz_sincosd1_u10purec(x);
+    return {r.x, r.y};
+}
+
+#else
 
 /// Returns x and hides its value from the compiler, which would evaluate calls of libm with
 /// constant arguments at compile time: the result could differ in the last bit from a call at run
@@ -17,8 +90,6 @@ inline T opaque(T x) {
     __asm__("" : "+x"(x));
     return x;
 }
-
-// All calls of libm go through these, except sqrt, which is exact.
 
 inline float sin(float x) {
     return ::sinf(opaque(x));
@@ -48,11 +119,6 @@ inline double atan2(double y, double x) {
     return ::atan2(opaque(y), opaque(x));
 }
 
-template <class T>
-struct SinCos {
-    T s, c;
-};
-
 /// Sine and cosine of an angle in one call.
 inline SinCos<float> sinCos(float x) {
     SinCos<float> r;
@@ -64,6 +130,8 @@ inline SinCos<double> sinCos(double x) {
     ::sincos(opaque(x), &r.s, &r.c);
     return r;
 }
+
+#endif
 
 }  // namespace KyMath::internal
 

@@ -29,12 +29,15 @@ version=$(cached CMAKE_PROJECT_VERSION)
 # What each component installs, wherever the libraries go.
 list=$consumer/installed.txt
 for component in development runtime; do
-    cmake --install "$build" --prefix "$work/$component" --component "KyMath_$component" >/dev/null
+    for library in KyMath KyMathLockstep; do
+        cmake --install "$build" --prefix "$work/$component" --component "${library}_$component" >/dev/null
+    done
     (cd "$work/$component" && find . ! -type d -printf "$component %P\n")
 done | sed "s| $(cached CMAKE_INSTALL_LIBDIR)/| lib/|; s|\.so\.$version|.so.VERSION|" |
     LC_ALL=C sort >"$work/installed"
 [[ ${4:-} != --update ]] || cp "$work/installed" "$list"
-diff "$list" "$work/installed" || { echo "no more (<) or newly (>) installed"; exit 1; }
+absent=$([[ $(cached KYMATH_LOCKSTEP) == ON ]] || echo '[Ll]ockstep')
+diff <(grep -v "${absent:-^$}" "$list") "$work/installed" || { echo "no more (<) or newly (>) installed"; exit 1; }
 
 # Together that is everything. No file tells where it was installed: all of it can be moved.
 cmake --install "$build" --prefix "$work/first" >/dev/null
@@ -57,6 +60,13 @@ try fetch -DKYMATH_FROM=fetch "-DKYMATH_SOURCE=$source" -DCMAKE_BUILD_TYPE=Debug
 for name in package subdirectory; do
     diff "$work/$name/before" "$work/$name/after" || { echo "changed in the client: $name"; exit 1; }
 done
+
+# One program cannot have both libraries: one of them would serve all of it.
+if [[ -z $absent ]]; then
+    said=$(try both -DKYMATH_FROM=package "-DCMAKE_PREFIX_PATH=$work/prefix" \
+        -DKYMATH_ALSO=KyMath::LockstepInline) && { echo "accepted: both libraries"; exit 1; }
+    [[ $said == *"INTERFACE_KYMATH_LIBM property of \"KyMath::Lockstep\""* ]] || { echo "$said"; exit 1; }
+fi
 
 # A version that is not there is refused, and the message says which one is.
 for other in ${version%%.*}.99 $((${version%%.*} + 1)).0; do
@@ -92,6 +102,18 @@ done
 if nm -C "$work/plain" | grep -F "Vector3T<double>::cross"; then
     echo "failed: nothing is inlined with the flags of KyMath-inline.pc"
     exit 1
+fi
+if [[ -z $absent ]]; then
+    # shellcheck disable=SC2046  # the flags are words
+    "$compiler" -O1 "$consumer/main.cpp" $(pkg-config --cflags --libs KyMath-lockstep-inline) -o "$work/lockstep"
+    LD_LIBRARY_PATH=$library_dir "$work/lockstep" >"$work/expected.txt"
+    for library in Lockstep LockstepInline LockstepStatic; do
+        "$work/package/consumer_$library" | diff "$work/expected.txt" -
+    done
+    if "$work/package/consumer_KyMath" | cmp -s "$work/expected.txt" -; then
+        echo "failed: the Lockstep library gives the results of the other"
+        exit 1
+    fi
 fi
 
 readelf -dW "$library_dir/libKyMath.so" | grep -qF "soname: [libKyMath.so.${version%%.*}]"
