@@ -27,7 +27,7 @@ public:
         body_ << R"(<svg xmlns="http://www.w3.org/2000/svg" width=")" << width << R"(" height=")"
               << height << R"(" viewBox="0 0 )" << width << " " << height << "\">\n"
               << "<style>text{font-family:sans-serif}"
-                 "polyline{fill:none;stroke-linecap:round;stroke-linejoin:round}"
+                 "path{fill:none;stroke-linecap:round;stroke-linejoin:round}"
                  "@media(prefers-color-scheme:dark){svg{filter:invert(.9)hue-rotate(180deg)}}"
                  "</style>\n"
               << R"(<rect width="100%" height="100%" fill="white"/>)"
@@ -36,14 +36,26 @@ public:
 
     void line(const Points& points, const std::string& colour, double thickness,
               double opacity = 1) {
-        body_ << R"(<polyline stroke=")" << colour << R"(" stroke-width=")" << thickness;
+        lines({points}, colour, thickness, opacity);
+    }
+
+    void lines(const std::vector<Points>& all, const std::string& colour, double thickness,
+               double opacity = 1) {
+        body_ << R"(<path stroke=")" << colour << R"(" stroke-width=")" << thickness;
         if (opacity < 1) body_ << R"(" stroke-opacity=")" << opacity;
-        path(points);
+        body_ << R"(" d=")";
+        for (const Points& points : all) {
+            body_ << "M";
+            write(points);
+        }
+        body_ << "\"/>\n";
     }
 
     void area(const Points& points, const std::string& colour, double opacity = 1) {
-        body_ << R"(<polygon fill=")" << colour << R"(" fill-opacity=")" << opacity;
-        path(points);
+        body_ << R"(<polygon fill=")" << colour << R"(" fill-opacity=")" << opacity
+              << R"(" points=")";
+        write(points);
+        body_ << "\"/>\n";
     }
 
     /// A line from a to b, with a head at b.
@@ -99,14 +111,12 @@ private:
         return std::round(v * 10) / 10 + 0.0;
     }
 
-    void path(const Points& points) {
-        body_ << R"(" points=")";
+    void write(const Points& points) {
         const char* separator = "";
         for (const KyMath::Vector3d& p : points) {
             body_ << separator << tenths(p.x()) << "," << tenths(p.y());
             separator = " ";
         }
-        body_ << "\"/>\n";
     }
 
     std::ostream& circle(const KyMath::Vector3d& p, double radius) {

@@ -53,7 +53,7 @@ struct Panel {
     }
     void number(const Vector3d& at, double value, const std::string& colour) {
         char text[32];
-        std::snprintf(text, sizeof text, "%.1f", value);
+        std::snprintf(text, sizeof text, "distance %.1f", value);
         svg.label((*this)(at) + Vector3d(8, 4, 0), text, 13, colour);
     }
 };
@@ -91,6 +91,16 @@ bool drawCurve(const Panel& panel, int kind, unsigned count) {
     const double radius = std::clamp(80.0 / count, 1.6, 3.6);
     for (const Vector3d& p : points) panel.svg.dot(panel(p), radius, kColours[kind]);
     for (const Vector3d& p : kControls) panel.svg.ring(panel(p), 5.5, kInk, 1.2);
+    double shortest = HUGE_VAL, longest = 0, last = 0;
+    for (std::size_t i = 1; i < points.size(); ++i) {
+        last = Vector3d::distance(points[i - 1], points[i]);
+        shortest = std::min(shortest, last);
+        longest = std::max(longest, last);
+    }
+    char text[80];
+    std::snprintf(text, sizeof text, "steps from %.1f to %.1f, the last one %.1f", shortest,
+                  longest, last);
+    panel.svg.label(panel.corner + Vector3d(8, kHeight - 9, 0), text, 12, kGrey);
     return points.size() == count && points.front() == kControls.front() &&
            points.back() == kControls.back();
 }
@@ -168,7 +178,10 @@ int run(CLI::App& app, int argc, char** argv) {
     bool exact = true;
     for (unsigned i = 0; i < 12; ++i) {
         const int kind = 3 - int(i / 3);
-        const std::string title = kKinds[kind] + ", " + std::to_string(counts[i % 3]) + " samples";
+        const unsigned count = counts[i % 3], rest = (count - 1) % 7;  // for six control points
+        std::string title = kKinds[kind] + ", " + std::to_string(count) + " samples";
+        if (kind == 0 && rest == 0) title += ": a multiple of 7, plus 1";
+        if (kind == 0 && rest != 0) title += ": no multiple of 7, plus 1";
         exact = drawCurve(Panel(svg, i / 3, i % 3, title), kind, counts[i % 3]) && exact;
     }
     std::printf("curves start and end at their control points: %s\n", exact ? "yes" : "no");

@@ -210,20 +210,42 @@ std::string figureColour(double t) {
     return text;
 }
 
+// The joint at the other end of the head; 0, the root, if there is none.
+std::size_t findCrown(const Bvh& motion) {
+    const std::size_t head = findLimb(motion, 0);
+    for (std::size_t i = 1; i < motion.joints.size(); ++i) {
+        if (motion.joints[i].parent == head && head > 0) return i;
+    }
+    return 0;
+}
+
 // Draws a figure with a disc as its head, and a white halo to set it off from those behind.
 void drawFigure(Svg& svg, const Bvh& motion, const Svg::Points& joints, const std::string& colour) {
-    const std::size_t head = findLimb(motion, 0);
-    for (const bool halo : {true, false}) {
-        for (std::size_t i = 1; i < joints.size(); ++i) {
-            const Vector3d a = joints[motion.joints[i].parent], b = joints[i];
-            if (motion.joints[i].parent == head && head > 0) {
-                const double radius = Vector3d::distance(a, b) / 2;
-                svg.dot((a + b) / 2, radius + (halo ? 1.7 : 0), halo ? "white" : colour);
-            } else {
-                svg.line({a, b}, halo ? "white" : colour, halo ? 6.5 : 3.2);
-            }
-        }
+    const std::size_t crown = findCrown(motion), head = motion.joints[crown].parent;
+    std::vector<Svg::Points> bones;
+    for (std::size_t i = 1; i < joints.size(); ++i) {
+        if (i != crown) bones.push_back({joints[motion.joints[i].parent], joints[i]});
     }
+    const Vector3d middle = (joints[head] + joints[crown]) / 2;
+    const double radius = Vector3d::distance(joints[head], joints[crown]) / 2;
+    if (crown > 0) svg.dot(middle, radius + 1.7, "white");
+    svg.lines(bones, "white", 6.5);
+    svg.lines(bones, colour, 3.2);
+    if (crown > 0) svg.dot(middle, radius, colour);
+}
+
+// A bar of 1, 2 or 5 times a power of ten, about 100 pixels long.
+void drawScale(Svg& svg, const Vector3d& begin, double pixelsPerUnit) {
+    const double power = std::pow(10, std::floor(std::log10(100 / pixelsPerUnit)));
+    const double rest = 100 / pixelsPerUnit / power, length = power * (rest < 2   ? 1
+                                                                       : rest < 5 ? 2
+                                                                                  : 5);
+    const Vector3d end = begin + Vector3d(length * pixelsPerUnit, 0, 0), tick(0, 4, 0);
+    char text[80];
+    std::snprintf(text, sizeof text, "%g units of the capture", length);
+    svg.lines({{begin - tick, begin + tick}, {begin, end}, {end - tick, end + tick}}, "#3a4256",
+              1.5);
+    svg.label(end + Vector3d(10, 5, 0), text, 14, "#3a4256");
 }
 
 void drawPathsAndLegend(Svg& svg, const Bvh& motion, const std::vector<Svg::Points>& poses) {
@@ -238,11 +260,13 @@ void drawPathsAndLegend(Svg& svg, const Bvh& motion, const std::vector<Svg::Poin
         const std::size_t joint = findLimb(motion, i);
         if (joint == 0) continue;
         Svg::Points path, curve;
-        for (const Svg::Points& pose : poses) path.push_back(pose[joint]);
+        const std::size_t crown = i == 0 ? findCrown(motion) : 0;
+        const std::size_t end = crown > 0 ? crown : joint;  // the path of the middle of the head
+        for (const Svg::Points& pose : poses) path.push_back((pose[joint] + pose[end]) / 2);
         // The curve has one segment more than points. With a whole number of samples for each, and
         // one for the end, it is even and reaches the last point.
         const unsigned segments = unsigned(path.size()) + 1;
-        CreateBSpline(path, segments * (1 + 2000 / segments) + 1, curve);
+        CreateBSpline(path, segments * (1 + 300 / segments) + 1, curve);
         svg.line(curve, kLimbs[i].colour, 2.2, 0.85);
         svg.line({{x, 28, 0}, {x + 24, 28, 0}}, kLimbs[i].colour, 3);
         svg.label({x + 32, 33, 0}, kLimbs[i].label, 14, ink);
@@ -267,15 +291,13 @@ void draw(const Bvh& motion, const std::vector<Pose>& played, const BoundingBoxd
         }
     }
 
-    Svg svg(998, ground + 30);
+    Svg svg(998, ground + 50);
+    drawScale(svg, {40, ground + 28, 0}, scale);
     svg.line({{20, ground, 0}, {978, ground, 0}}, "#9aa1b0", 1.5);
-    // A figure whenever the root has moved by a 30th of the length of its path.
-    double length = 0;
-    for (std::size_t i = 1; i < poses.size(); ++i) {
-        length += Vector3d::distance(poses[i - 1][0], poses[i][0]);
-    }
+    // A figure whenever the root has moved on by an even part of its way.
+    const double step = way.getBBSize()[across] * scale / 15;
     for (std::size_t i = 0, last = 0; i < poses.size(); ++i) {
-        if (i > 0 && Vector3d::distance(poses[last][0], poses[i][0]) < length / 30) continue;
+        if (i > 0 && std::abs(poses[last][0].x() - poses[i][0].x()) < step) continue;
         drawFigure(svg, motion, poses[i], figureColour(double(i) / double(poses.size())));
         last = i;
     }
