@@ -28,7 +28,21 @@ struct ValuePairs {
 
 }  // namespace
 
-/// The elements of s, which has n, from i on.
+/// Elements i, i + 1 and so on of s, as many as there are lanes.
+template <class T>
+static KY_INLINE Group<T> wholeGroupAt(Strided<const T> s, std::size_t i) {
+    Group<T> group = {{}, i, i + kWide<T>};
+    s.first = at(s, i);
+    for (std::size_t k = 0; k < kWide<T>; ++k) {
+        group.p[k] = at(s, k % 4);
+        if (k % 4 == 3) {
+            s.first = at(s, 4);
+            __asm__("" : "+r"(s.first));  // a register for each four, not for each element
+        }
+    }
+    return group;
+}
+/// The same where s has n elements, and fewer may be left.
 template <class T>
 static KY_INLINE Group<T> groupAt(Strided<const T> s, std::size_t i, std::size_t n) {
     constexpr std::size_t kLanes = kWide<T>;
@@ -65,6 +79,21 @@ static KY_INLINE ValuePairs<T> gatherPairs(const Group<T>& group, std::size_t k)
         const auto odd = gatherParts<kWide<T>>([&](std::size_t i) { return pair(2 * i + 1); });
         return {shufflePairs<0, 0>(even, odd), shufflePairs<1, 1>(even, odd)};
     }
+}
+
+/// Stores two values of each element: those of lane k at address(k).
+template <class T, class Address>
+static KY_INLINE void scatterPairs(const ValuePairs<T>& v, Address address) {
+    constexpr std::size_t kPairs = 8 / sizeof(T);  // in 16 bytes
+    scatterParts<2>(zip<0>(v.first, v.second),
+                    [&](std::size_t k) { return address(k + k / kPairs * kPairs); });
+    scatterParts<2>(zip<kPairs>(v.first, v.second),
+                    [&](std::size_t k) { return address(k + k / kPairs * kPairs + kPairs); });
+}
+
+template <std::size_t K, class T>
+static KY_INLINE bool isPacked(const Strided<T>& s) {
+    return s.stride == K * sizeof(T);
 }
 
 }  // namespace KyMath::internal

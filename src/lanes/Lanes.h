@@ -94,6 +94,13 @@ using Wide = typename LaneTypes<T, kWide<T>>::Values;
 template <class T>
 using WideBits = typename LaneTypes<T, kWide<T>>::Bits;
 
+template <class T>
+static KY_INLINE Wide<T> loadWide(const T* p) {
+    Wide<T> v;
+    std::memcpy(&v, p, sizeof v);
+    return v;
+}
+
 template <class V, std::size_t... I>
 static KY_INLINE auto joined(V a, V b, std::index_sequence<I...>) {
     return __builtin_shufflevector(a, b, I...);
@@ -155,6 +162,18 @@ static KY_INLINE V shufflePairs(V a, V b) {
     return shufflePairs<I, J>(a, b, std::make_index_sequence<sizeof a / sizeof a[0]>());
 }
 
+template <std::size_t First, class V, std::size_t... Lane>
+static KY_INLINE V zip(V a, V b, std::index_sequence<Lane...>) {
+    constexpr std::size_t kLanes = sizeof...(Lane), kGroup = 16 / sizeof a[0];
+    return __builtin_shufflevector(
+        a, b, (Lane / kGroup * kGroup + First + Lane % kGroup / 2 + Lane % 2 * kLanes)...);
+}
+/// Takes within each group of 16 bytes lanes of a and b in turn, from lane First on.
+template <std::size_t First, class V>
+static KY_INLINE V zip(V a, V b) {
+    return zip<First>(a, b, std::make_index_sequence<sizeof a / sizeof a[0]>());
+}
+
 /// Bit k is set where the comparison, of one register, holds in lane k.
 template <class Bits>
 static KY_INLINE unsigned int bitsOf(Bits holds) {
@@ -197,6 +216,12 @@ static KY_INLINE unsigned int bitsBelow(V a, V b) {
     return bitsOf(a < b);
 }
 
+static KY_INLINE float squareRoot(float v) {
+    return _mm_cvtss_f32(_mm_sqrt_ss(_mm_set_ss(v)));
+}
+static KY_INLINE double squareRoot(double v) {
+    return _mm_cvtsd_f64(_mm_sqrt_pd(_mm_set1_pd(v)));
+}
 /// The square root in each lane of a register.
 template <class V>
 static KY_INLINE V squareRoot(V v) {
