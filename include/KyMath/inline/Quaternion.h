@@ -11,32 +11,82 @@
 
 KY_EXACT_BEGIN
 namespace KyMath {
+namespace internal {
+
+// Four floats fill a register and are always stored whole: a register that is read right after its
+// parts were stored one by one has to wait for them. Doubles would fill two, and are faster one by
+// one.
 
 template <class T>
-KY_SMALL QuaternionT<T>::QuaternionT() : v_{1, 0, 0, 0} {}
+KY_HELPER constexpr unsigned long pieceSize() {
+    return sizeof(T) == sizeof(float) ? Register<float>::count : 1;
+}
+
+/// One double, read and written as the values of a register are.
+template <class T>
+struct One {
+    T& values;
+};
+
+/// What is computed at once of a quaternion, from p on.
+KY_HELPER Register<float>& piece(float* p) {
+    return at(p);
+}
+KY_HELPER const Register<float>& piece(const float* p) {
+    return at(p);
+}
+KY_HELPER One<double> piece(double* p) {
+    return {*p};
+}
+KY_HELPER One<const double> piece(const double* p) {
+    return {*p};
+}
+
+KY_HELPER void setQuaternion(float* q, float w, float x, float y, float z) {
+    at(q).values = Register<float>::Values{w, x, y, z};
+}
+KY_HELPER void setQuaternion(double* q, double w, double x, double y, double z) {
+    q[0] = w;
+    q[1] = x;
+    q[2] = y;
+    q[3] = z;
+}
+template <class T>
+KY_HELPER void copyQuaternion(T* q, const T* a) {
+    KY_UNROLL
+    for (unsigned long i = 0; i < 4; i += pieceSize<T>()) piece(q + i).values = piece(a + i).values;
+}
+
+}  // namespace internal
 
 template <class T>
-KY_SMALL QuaternionT<T>::QuaternionT(T w, T x, T y, T z) : v_{w, x, y, z} {}
+KY_SMALL QuaternionT<T>::QuaternionT() {
+    internal::setQuaternion(v_, 1, 0, 0, 0);
+}
 
 template <class T>
-KY_SMALL QuaternionT<T>::QuaternionT(const T* a) : v_{a[0], a[1], a[2], a[3]} {}
+KY_SMALL QuaternionT<T>::QuaternionT(T w, T x, T y, T z) {
+    internal::setQuaternion(v_, w, x, y, z);
+}
+
+template <class T>
+KY_SMALL QuaternionT<T>::QuaternionT(const T* a) {
+    internal::copyQuaternion(v_, a);
+}
 
 template <class T>
 KY_SMALL QuaternionT<T>& QuaternionT<T>::operator=(const QuaternionT& q) {
-    internal::copy(v_, q.v_);
+    internal::copyQuaternion(v_, q.v_);
     return *this;
 }
 template <class T>
 KY_SMALL QuaternionT<T>& QuaternionT<T>::operator=(const T* a) {
-    internal::copy(v_, a);
+    internal::copyQuaternion(v_, a);
     return *this;
 }
 template <class T>
 KY_SMALL void QuaternionT<T>::set(T w, T x, T y, T z) {
-    v_[0] = w;
-    v_[1] = x;
-    v_[2] = y;
-    v_[3] = z;
+    internal::setQuaternion(v_, w, x, y, z);
 }
 
 template <class T>
@@ -97,7 +147,10 @@ KY_SMALL bool QuaternionT<T>::operator!=(const QuaternionT& q) const {
 
 template <class T>
 KY_SMALL QuaternionT<T>& QuaternionT<T>::operator+=(const QuaternionT& q) {
-    internal::add(v_, q.v_);
+    KY_UNROLL
+    for (unsigned long i = 0; i < 4; i += internal::pieceSize<T>()) {
+        internal::piece(v_ + i).values += internal::piece(q.v_ + i).values;
+    }
     return *this;
 }
 template <class T>
@@ -106,7 +159,10 @@ KY_SMALL QuaternionT<T> QuaternionT<T>::operator+(const QuaternionT& q) const {
 }
 template <class T>
 KY_SMALL QuaternionT<T>& QuaternionT<T>::operator-=(const QuaternionT& q) {
-    internal::subtract(v_, q.v_);
+    KY_UNROLL
+    for (unsigned long i = 0; i < 4; i += internal::pieceSize<T>()) {
+        internal::piece(v_ + i).values -= internal::piece(q.v_ + i).values;
+    }
     return *this;
 }
 template <class T>
@@ -115,7 +171,11 @@ KY_SMALL QuaternionT<T> QuaternionT<T>::operator-(const QuaternionT& q) const {
 }
 template <class T>
 KY_SMALL QuaternionT<T>& QuaternionT<T>::operator*=(const T& s) {
-    internal::scale(v_, T(s));  // a copy: s may be one of the components
+    const T factor = s;  // may be one of the components
+    KY_UNROLL
+    for (unsigned long i = 0; i < 4; i += internal::pieceSize<T>()) {
+        internal::piece(v_ + i).values *= factor;
+    }
     return *this;
 }
 template <class T>
@@ -132,26 +192,47 @@ KY_SMALL T QuaternionT<T>::norm() const {
 }
 #ifdef KYMATH_INLINE  // the library has a kernel
 
+namespace internal {
+
+/// q = a b, a sum of four products. q may be either of them.
+KY_HELPER void multiplyQuaternions(float* q, const float* left, const float* right) {
+    typedef Register<float>::Values Floats;
+    typedef int Bits __attribute__((vector_size(16)));
+    const Floats a = at(left).values;
+    const Floats b = at(right).values;
+    const Floats second = Floats{a[1], a[1], a[2], a[3]} * Floats{b[1], b[0], b[0], b[0]};
+    const Floats third = Floats{a[2], a[2], a[3], a[1]} * Floats{b[2], b[3], b[1], b[2]};
+    const Floats fourth = Floats{a[3], a[3], a[1], a[2]} * Floats{b[3], b[2], b[3], b[1]};
+    const Bits minusFirst = {-__INT_MAX__ - 1, 0, 0, 0};  // x - y is x + -y
+    at(q).values = a[0] * b + (Floats)((Bits)second ^ minusFirst) +
+                   (Floats)((Bits)third ^ minusFirst) - fourth;
+}
+KY_HELPER void multiplyQuaternions(double* q, const double* a, const double* b) {
+    setQuaternion(q, a[0] * b[0] - a[1] * b[1] - a[2] * b[2] - a[3] * b[3],
+                  a[0] * b[1] + a[1] * b[0] + a[2] * b[3] - a[3] * b[2],
+                  a[0] * b[2] + a[2] * b[0] + a[3] * b[1] - a[1] * b[3],
+                  a[0] * b[3] + a[3] * b[0] + a[1] * b[2] - a[2] * b[1]);
+}
+
+}  // namespace internal
+
 template <class T>
 KY_SMALL QuaternionT<T> QuaternionT<T>::operator*(const QuaternionT& q) const {
-    const T* const a = v_;
-    const T* const b = q.v_;
-    return QuaternionT(a[0] * b[0] - a[1] * b[1] - a[2] * b[2] - a[3] * b[3],
-                       a[0] * b[1] + a[1] * b[0] + a[2] * b[3] - a[3] * b[2],
-                       a[0] * b[2] + a[2] * b[0] + a[3] * b[1] - a[1] * b[3],
-                       a[0] * b[3] + a[3] * b[0] + a[1] * b[2] - a[2] * b[1]);
+    QuaternionT product;
+    internal::multiplyQuaternions(product.v_, v_, q.v_);
+    return product;
 }
 template <class T>
 KY_SMALL QuaternionT<T>& QuaternionT<T>::operator*=(const QuaternionT& q) {
-    return *this = *this * q;
+    internal::multiplyQuaternions(v_, v_, q.v_);
+    return *this;
 }
 
 #endif
 
 template <class T>
 KY_SMALL void QuaternionT<T>::invert() {
-    KY_UNROLL
-    for (int i = 1; i < 4; ++i) v_[i] = -v_[i];
+    set(v_[0], -v_[1], -v_[2], -v_[3]);
 }
 template <class T>
 KY_SMALL void QuaternionT<T>::setInverse(const QuaternionT& q) {
@@ -190,7 +271,7 @@ KY_SMALL void QuaternionT<T>::normalize() {
     if (internal::magnitude(square) <= internal::smallReal<T>()) {
         *this = QuaternionT();
     } else {
-        internal::scale(v_, 1 / internal::root(square));
+        *this *= 1 / internal::root(square);
     }
 }
 
