@@ -12,23 +12,24 @@
 #include <cmath>
 #include <vector>
 
-/// Picture of the ground from above, north up.
+/// Picture of a part of the ground from above, north up.
 struct Map : Picture {
     KyMath::BoundingBoxd world;
     double scale;  ///< Pixels per metre.
 
     Map(const KyMath::BoundingBoxd& box, double pixelsPerMetre)
-        : Picture(pixels(box.xMax() * pixelsPerMetre), pixels(box.yMax() * pixelsPerMetre)),
+        : Picture(pixels(box.getBBSize().x() * pixelsPerMetre),
+                  pixels(box.getBBSize().y() * pixelsPerMetre)),
           world(box),
           scale(pixelsPerMetre) {}
     static int pixels(double length) {
         return std::max(1, int(std::lround(length)));
     }
     Vector3d toPixel(const Vector3d& p) const {
-        return {p.x() * scale, (world.yMax() - p.y()) * scale, 0};
+        return {(p.x() - world.xMin()) * scale, (world.yMax() - p.y()) * scale, 0};
     }
     Vector3d toWorld(const Vector3d& p) const {  // at the mean height
-        return {p.x() / scale, world.yMax() - p.y() / scale, world.center().z()};
+        return {world.xMin() + p.x() / scale, world.yMax() - p.y() / scale, world.center().z()};
     }
 
     /// Outlines the region that is inside all planes at the mean height.

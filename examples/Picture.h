@@ -53,13 +53,40 @@ public:
         });
     }
 
+    /// Fills the rectangle with corners a and b.
+    void fill(const Vector3d& a, const Vector3d& b, const Vector3d& colour, double opacity) {
+        paint(a, b, 0, [&](const Vector3d&) { return KyMath::Vector4d(colour, opacity); });
+    }
+
+    /// Writes from p, the left end of the base line, with capitals as high as size. There are only
+    /// the letters and digits that the pictures need.
+    void text(const Vector3d& p, const std::string& words, double size, const Vector3d& colour) {
+        double x = 0;
+        for (const char c : words) {
+            double width = 2;  // of a blank
+            for (const std::string& line : strokes(c)) {
+                Vector3d last;
+                for (std::size_t i = 0; i + 1 < line.size(); i += 2) {  // each point: x, then y
+                    const Vector3d at(x + line[i] - '0', line[i + 1] - '6', 0);
+                    stroke(p + (i == 0 ? at : last) * (size / 6), p + at * (size / 6), size / 8,
+                           colour, 1);
+                    width = std::max(width, double(line[i] - '0'));
+                    last = at;
+                }
+            }
+            x += width + 1.4;
+        }
+    }
+
     /// Writes a PNG, and removes it again if that fails. Throws std::runtime_error with the file
     /// and the reason.
     void save(const std::string& file) const {
         std::vector<png_byte> bytes;
         for (const Vector3d& p : pixels_) {
             for (int i = 0; i < 3; ++i) {
-                bytes.push_back(png_byte(std::lround(255 * std::clamp(p[i], 0.0, 1.0))));
+                // 32 levels are enough for the eye, and make the file half as large.
+                const double level = std::round(31 * std::clamp(p[i], 0.0, 1.0));
+                bytes.push_back(png_byte(std::lround(255 * level / 31)));
             }
         }
         png_image image = {};
@@ -73,6 +100,52 @@ public:
     }
 
 private:
+    /// Polylines on a grid, digits for x to the right and y down; the base line is at y = 6.
+    static std::vector<std::string> strokes(char c) {
+        switch (c) {
+            case '0':
+                return {"102031352616050110"};
+            case '1':
+                return {"011016"};
+            case '2':
+                return {"01102031320636"};
+            case '5':
+                return {"300002223335261605"};
+            case 'a':
+                return {"3322120305162635", "3236"};
+            case 'c':
+                return {"3322120305162635"};
+            case 'e':
+                return {"04343322120305162635"};
+            case 'f':
+                return {"201116", "0222"};
+            case 'i':
+                return {"1216", "1010"};
+            case 'k':
+                return {"0006", "3204", "1336"};
+            case 'm':
+                return {"0206", "03122326", "23324346"};
+            case 'n':
+                return {"0206", "0312223336"};
+            case 'o':
+                return {"122233352616050312"};
+            case 'p':
+                return {"0208", "0312223335261605"};
+            case 'r':
+                return {"0206", "031222"};
+            case 't':
+                return {"101526", "0222"};
+            case 'u':
+                return {"0205162635", "3236"};
+            case 'v':
+                return {"022642"};
+            case 'w':
+                return {"0216233642"};
+            default:
+                return {};
+        }
+    }
+
     int width_, height_;
     std::vector<Vector3d> pixels_;
 };

@@ -8,7 +8,7 @@
 //   3. culling down the tree, where a box is tested only against planes that its parent straddles,
 //      the same in one call, and box by box, which must all give the same result;
 //   4. a comparison of the same planes in float, as a renderer uses them, with those in double;
-//   5. the picture from above: green is wholly in view, amber partly, grey not at all.
+//   5. the picture from above: green is wholly in view, amber partly, blue not at all.
 //
 // World coordinates are metres: x east, y north, z up. The exit status is 1 if a check of 3 or 4
 // fails, and 2 after a one-line message for any other error.
@@ -108,7 +108,7 @@ Node buildTree(Scene& scene, std::size_t c0, std::size_t c1, std::size_t r0, std
 // 2. The camera --------------------------------------------------------------------------------
 
 struct Camera {
-    Vector3d eye;
+    Vector3d eye, target;
     Matrix44d view, projection, clip;  // world to camera, camera to clip space, and both
     std::vector<Planed> planes;        // of the view volume in world space, facing inwards
 };
@@ -119,7 +119,7 @@ struct Camera {
 Camera makeCamera(const Vector3d& eye, const Vector3d& target, const Matrix44d& projection) {
     const Matrix44d toWorld = Transformation::createCameraLookAtT(eye, target, Vector3d(0, 0, 1));
     const Matrix44d view = toWorld.inverse_orthogonal();  // the look-at is rigid
-    Camera camera = {eye, view, projection, Matrix44d::multiply(projection, view), {}};
+    Camera camera = {eye, target, view, projection, Matrix44d::multiply(projection, view), {}};
     const Vector4d x = camera.clip.row(0), y = camera.clip.row(1);
     const Vector4d z = camera.clip.row(2), w = camera.clip.row(3);
     for (const Vector4d& coefficients : {w + x, w - x, w + y, w - y, w - z, z}) {
@@ -271,7 +271,7 @@ bool frustumAgrees(const Camera& camera, const Scene& scene, const BoundingBoxd&
 
 // 5. The picture -------------------------------------------------------------------------------
 
-const Vector3d kGreen(0.24, 0.56, 0.36), kAmber(0.90, 0.58, 0.12), kGrey(0.62, 0.63, 0.66),
+const Vector3d kGreen(0.24, 0.56, 0.36), kAmber(0.90, 0.58, 0.12), kBlue(0.42, 0.50, 0.72),
     kInk(0.10, 0.14, 0.25), kWhite(1, 1, 1);
 
 // Draws each node that is not divided further: wholly inside, wholly outside, or a tile.
@@ -282,16 +282,15 @@ void drawTree(Map& map, const Node& node, const Camera& camera) {
         for (const Node& child : node.children) drawTree(map, child, camera);
         return;
     }
-    const Vector3d& colour = side < 0 ? kGrey : side > 0 ? kGreen : kAmber;
+    const Vector3d& colour = side < 0 ? kBlue : side > 0 ? kGreen : kAmber;
     Vector3d p[5];  // around the box, seen from above
     for (unsigned i = 0; i < 5; ++i) p[i] = map.toPixel(node.box.corner(i % 4 ^ i % 4 / 2));
-    map.paint(p[0], p[2], 0,
-              [&](const Vector3d&) { return Vector4d(colour, side < 0 ? 0.3 : 0.4); });
+    map.fill(p[0], p[2], colour, 0.4);
     for (int i = 0; i < 4; ++i) map.stroke(p[i], p[i + 1], 0.6, colour * 0.7, 0.5);
 }
 
 void drawObjects(Map& map, const Cull& cull) {
-    std::vector<Vector3d> colours(cull.items.size(), kGrey);
+    std::vector<Vector3d> colours(cull.items.size(), kBlue);
     for (const auto& [item, mask] : cull.seen) colours[item] = mask == 0 ? kGreen : kAmber;
     for (std::size_t i = 0; i < colours.size(); ++i) {
         const Vector3d p = map.toPixel(cull.items[i].box.center());
@@ -299,7 +298,17 @@ void drawObjects(Map& map, const Cull& cull) {
     }
 }
 
-// Draws the eye, the outline of its view at the mean height, and rays to the corners of that.
+// Draws a camera from above: a body, and a lens where it looks.
+void drawGlyph(Map& map, const Vector3d& at, Vector3d ahead) {
+    ahead.normalize();
+    for (const double halo : {2.5, 0.0}) {
+        const Vector3d& colour = halo > 0 ? kWhite : kInk;
+        map.stroke(at - ahead * 8, at - ahead, 11 + 2 * halo, colour, 1);
+        map.stroke(at, at + ahead * 7, 5 + 2 * halo, colour, 1);
+    }
+}
+
+// Draws the camera, the outline of its view at the mean height, and rays to the corners of that.
 void drawCamera(Map& map, const Camera& camera) {
     map.outline(camera.planes, kInk);
     const Vector3d eye = map.toPixel(camera.eye);
@@ -311,8 +320,40 @@ void drawCamera(Map& map, const Camera& camera) {
         if (!(t > 0 && t < 1)) continue;  // it does not reach that height
         map.stroke(eye, map.toPixel(toDouble(from + (to - from) * t)), 1, kInk, 0.6);
     }
-    map.stroke(eye, eye, 15, kInk, 1);
-    map.stroke(eye, eye, 9, kWhite, 1);
+    const Vector4d ahead = camera.view.row(2) * -1;  // z of the camera points back
+    drawGlyph(map, eye, Vector3d(ahead.x(), -ahead.y(), 0));
+}
+
+// A length of 1, 2 or 5 times a power of ten, at most so long.
+double roundLength(double longest) {
+    const double power = std::pow(10, std::floor(std::log10(longest)));
+    return power * (longest < 2 * power ? 1 : longest < 5 * power ? 2 : 5);
+}
+
+// What the colours are, and a scale, in the lower left corner of a picture that has room for them.
+void drawLegend(Map& map) {
+    const Vector3d corner = map.toPixel(map.world.getMin()) + Vector3d(16, -16, 0);
+    if (corner.y() < 160) return;
+    map.fill(corner, corner + Vector3d(166, -134, 0), kWhite, 0.85);
+    const auto at = [&](double x, double y) { return corner + Vector3d(x, y, 0); };
+    const std::pair<const char*, Vector3d> rows[] = {
+        {"in view", kGreen}, {"in part", kAmber}, {"out of view", kBlue}};
+    double y = -104;
+    for (const auto& [name, colour] : rows) {
+        map.fill(at(14, y - 13), at(32, y + 3), colour, 0.75);
+        map.text(at(46, y), name, 12, kInk);
+        y += 24;
+    }
+    drawGlyph(map, at(25, y - 5), Vector3d(1, 0, 0));
+    map.text(at(46, y), "camera", 12, kInk);
+
+    const double length = roundLength(80 / map.scale), end = 14 + length * map.scale;
+    const bool far = length >= 1000;
+    map.stroke(at(14, y + 19), at(end, y + 19), 2.5, kInk, 1);
+    for (const double x : {14.0, end}) map.stroke(at(x, y + 15), at(x, y + 23), 2.5, kInk, 1);
+    char text[32];
+    std::snprintf(text, sizeof text, "%.4g %s", far ? length / 1000 : length, far ? "km" : "m");
+    map.text(at(end + 10, y + 23), text, 12, kInk);
 }
 
 // The program ----------------------------------------------------------------------------------
@@ -345,6 +386,7 @@ bool show(const Scene& scene, const Node& root, Map map, const Camera& camera,
     drawTree(map, root, camera);
     drawObjects(map, tree);
     drawCamera(map, camera);
+    drawLegend(map);
     map.save(output);
     std::printf("wrote %s\n", output.c_str());
     return true;
@@ -390,12 +432,12 @@ std::vector<std::string> namePictures(const Options& options) {
     return names;
 }
 
-// By default the camera looks north from above the highest point, at a point on the ground.
+// By default the camera looks east from above the highest point, at a point on the ground.
 std::vector<Camera> makeCameras(const Options& options, const HeightField& ground,
                                 const BoundingBoxd& world) {
     const double x = world.xMax(), y = world.yMax(), up = world.zMax() + 0.0135 * y;
-    Vector3d eye(0.545 * x, 0.135 * y, up), end(0.418 * x, 0.652 * y, up);
-    Vector3d target(0.622 * x, 0.62 * y, ground.heightAt(0.622 * x, 0.62 * y));
+    Vector3d eye(0.17 * x, 0.47 * y, up), end(0.48 * x, 0.62 * y, up);
+    Vector3d target(0.6 * x, 0.49 * y, ground.heightAt(0.6 * x, 0.49 * y));
     const double zFar = options.zFar > 0 ? options.zFar : 1.22 * Vector3d::distance(eye, target);
     const double zNear = options.zNear > 0 ? options.zNear : zFar / 190;
     if (zNear >= zFar) throw std::runtime_error("--near must be less than --far");
@@ -413,6 +455,18 @@ std::vector<Camera> makeCameras(const Options& options, const HeightField& groun
     return cameras;
 }
 
+// The part of the world to draw: 16:9 if that shows the eye and the target.
+BoundingBoxd chooseWindow(const BoundingBoxd& world, const Camera& camera) {
+    const double high = std::min(world.yMax(), world.xMax() * 9 / 16);
+    const double middle = (camera.eye.y() + camera.target.y()) / 2;
+    const double low = std::clamp(middle - high / 2, 0.0, world.yMax() - high);
+    BoundingBoxd window = world;
+    if (std::abs(camera.eye.y() - camera.target.y()) < high / 2) {
+        window.set(world.xMin(), low, world.zMin(), world.xMax(), low + high, world.zMax());
+    }
+    return window;
+}
+
 int run(CLI::App& app, int argc, char** argv) {
     const Options options(app, argc, argv);
     const std::vector<std::string> pictures = namePictures(options);
@@ -422,7 +476,8 @@ int run(CLI::App& app, int argc, char** argv) {
     const Vector3d size = root.box.getBBSize();
     std::printf("%s\n  %.0f m east, %.0f m north, %.0f to %.0f m up\n", options.terrain.c_str(),
                 size.x(), size.y(), root.box.zMin(), root.box.zMax());
-    Map map(root.box, 1060 / std::max(root.box.xMax(), root.box.yMax()));
+    const BoundingBoxd window = chooseWindow(root.box, cameras[0]);
+    Map map(window, 1008 / std::max(window.getBBSize().x(), window.getBBSize().y()));
     drawGround(map, scene.ground);
     for (std::size_t i = 0; i < pictures.size(); ++i) {
         if (!show(scene, root, map, cameras[i], pictures[i])) return 1;
