@@ -254,8 +254,7 @@ KY_SMALL Vector3T<T> QuaternionT<T>::rotate(const Vector3T<T>& v) const {
     const T b = 2 * (u * v);
     const T c = 2 * w;
     const Vector3T<T> n = u.cross(v);
-    return Vector3T<T>(v[0] * a + u[0] * b + n[0] * c, v[1] * a + u[1] * b + n[1] * c,
-                       v[2] * a + u[2] * b + n[2] * c);
+    return v * a + u * b + n * c;
 }
 template <class T>
 KY_SMALL Vector3T<T> QuaternionT<T>::operator*(const Vector3T<T>& v) const {
