@@ -2,176 +2,9 @@
 // SPDX-License-Identifier: Apache-2.0
 //
 // The tables of kymath.arrays: every function whose result has a fixed shape.
-#include "Arrays.h"
-#include "Results.h"
+#include "Kernels.h"
 
 namespace KyMath::python {
-
-// ---- Loops by the array calls of the library
-
-/// Whether values of type V stand in an array as in C++, one after the other or further apart.
-template <class V>
-bool isPlain(npy_intp step, const npy_intp* strides) {
-    const auto size = npy_intp(sizeof(V));
-    return step >= size && std::equal(Layout<V>::kStrides, std::end(Layout<V>::kStrides), strides);
-}
-
-/// One matrix for all of the array.
-template <Scalar T>
-using Batched = void (*)(const Matrix44T<T>&, const Vector3T<T>*, Vector3T<T>*, std::size_t,
-                         std::size_t, std::size_t);
-template <Scalar T, Batched<T> kBatched>
-bool byOneMatrix(char** args, npy_intp count, const npy_intp* steps) {
-    using V = Vector3T<T>;
-    if (steps[0] != 0 || !isPlain<V>(steps[1], steps + 5) || !isPlain<V>(steps[2], steps + 6)) {
-        return false;
-    }
-    const auto m = Core<Matrix44T<T>>::load(args[0], steps + 3);
-    kBatched(m, reinterpret_cast<V*>(args[1]), reinterpret_cast<V*>(args[2]), std::size_t(count),
-             std::size_t(steps[1]), std::size_t(steps[2]));
-    return true;
-}
-template <Scalar T>
-bool transformBoxes(char** args, npy_intp count, const npy_intp* steps) {
-    using B = BoundingBoxT<T>;
-    if (steps[1] != 0 || !isPlain<B>(steps[0], steps + 3) || !isPlain<B>(steps[2], steps + 7)) {
-        return false;
-    }
-    const auto m = Core<Matrix44T<T>>::load(args[1], steps + 5);
-    Batch::transformBoxes(m, reinterpret_cast<B*>(args[0]), reinterpret_cast<B*>(args[2]),
-                          std::size_t(count), std::size_t(steps[0]), std::size_t(steps[2]));
-    return true;
-}
-/// In C order. Read column by column, that is the product of both transposed in reverse, of the
-/// same terms in the same order.
-template <Scalar T>
-bool multiply(char** args, npy_intp count, const npy_intp* steps) {
-    using M = Matrix44T<T>;
-    const npy_intp cOrder[] = {4 * sizeof(T), sizeof(T)};
-    for (int i = 0; i < 3; ++i) {
-        const npy_intp step = steps[i];
-        if (step != sizeof(M) && !(i == 1 && step == 0)) return false;
-        if (!std::equal(cOrder, cOrder + 2, steps + 3 + 2 * i)) return false;
-    }
-    const auto* const a = reinterpret_cast<const M*>(args[0]);
-    const auto* const b = reinterpret_cast<const M*>(args[1]);
-    auto* const out = reinterpret_cast<M*>(args[2]);
-    if (steps[1] == 0) {
-        Batch::multiply(M(*b), a, out, std::size_t(count));
-    } else {
-        Batch::multiply(b, a, out, std::size_t(count));
-    }
-    return true;
-}
-template <Scalar T>
-bool classify(char** args, npy_intp count, const npy_intp* steps) {
-    using B = BoundingBoxT<T>;
-    if (steps[0] != 0 || !isPlain<B>(steps[1], steps + 4)) return false;
-    const auto plane = Core<PlaneT<T>>::load(args[0], steps + 3);
-    constexpr npy_intp kBlock = 256;
-    signed char sides[kBlock];
-    for (npy_intp first = 0; first < count; first += kBlock) {
-        const npy_intp size = std::min(kBlock, count - first);
-        Batch::classify(plane, reinterpret_cast<B*>(args[1] + first * steps[1]), sides,
-                        std::size_t(size), std::size_t(steps[1]));
-        for (npy_intp i = 0; i < size; ++i) {
-            *reinterpret_cast<npy_long*>(args[2] + (first + i) * steps[2]) = sides[i];
-        }
-    }
-    return true;
-}
-
-template <class T>
-using Product = Matrix44T<T> (*)(const Matrix44T<T>&, const Matrix44T<T>&);
-
-/// By an array call on blocks of values, the inputs and then the output, wherever these are.
-template <auto kBatch, class... V>
-bool inBlocks(char** args, npy_intp count, const npy_intp* steps) {
-    constexpr npy_intp kBlock = 32;
-    constexpr std::size_t kOut = sizeof...(V) - 1;
-    if (count < kBlock) return false;
-    constexpr std::array ranks{Core<V>::kRank...};
-    const npy_intp* strides[kOut + 1] = {steps + kOut + 1};
-    for (std::size_t i = 0; i < kOut; ++i) strides[i + 1] = strides[i] + ranks[i];
-    std::tuple<std::array<V, kBlock>...> blocks;
-    const auto run = [&]<std::size_t... I>(std::index_sequence<I...>) {
-        auto& out = std::get<kOut>(blocks);
-        using Out = typename std::remove_reference_t<decltype(out)>::value_type;
-        for (npy_intp first = 0; first < count; first += kBlock) {
-            const npy_intp size = std::min(kBlock, count - first);
-            const auto load = [&]<class A>(std::array<A, kBlock>& block, std::size_t i) {
-                for (npy_intp n = 0; n < size; ++n) {
-                    block[std::size_t(n)] =
-                        Core<A>::load(args[i] + (first + n) * steps[i], strides[i]);
-                }
-            };
-            (load(std::get<I>(blocks), I), ...);
-            kBatch(std::get<I>(blocks).data()..., out.data(), std::size_t(size));
-            for (npy_intp n = 0; n < size; ++n) {
-                Core<Out>::store(out[std::size_t(n)], args[kOut] + (first + n) * steps[kOut],
-                                 strides[kOut]);
-            }
-        }
-    };
-    run(std::make_index_sequence<kOut>());
-    return true;
-}
-
-/// Boxes against the planes of a polytope, of all boxes or of each.
-void cull(char** args, const npy_intp* counts, const npy_intp* steps, void*) {
-    const auto regionAt = [&](const char* planes) {
-        std::vector<Planed> list;
-        for (npy_intp i = 0; i < counts[1]; ++i) {
-            list.push_back(Core<Planed>::load(planes + i * steps[3], steps + 4));
-        }
-        return Polytope(list);
-    };
-    const bool one = steps[0] == 0 && steps[2] == 1 && isPlain<BoundingBoxd>(steps[1], steps + 5);
-    try {
-        if (one) {
-            Batch::cull(regionAt(args[0]), reinterpret_cast<BoundingBoxd*>(args[1]),
-                        reinterpret_cast<unsigned char*>(args[2]), std::size_t(counts[0]),
-                        std::size_t(steps[1]));
-        }
-        for (npy_intp n = 0; n < (one ? 0 : counts[0]); ++n) {
-            const auto box = Core<BoundingBoxd>::load(args[1] + n * steps[1], steps + 5);
-            args[2][n * steps[2]] = regionAt(args[0] + n * steps[0]).contains(box);
-        }
-    } catch (const std::bad_alloc&) {
-        const PyGILState_STATE state = PyGILState_Ensure();
-        PyErr_NoMemory();
-        PyGILState_Release(state);
-    }
-    std::feclearexcept(FE_ALL_EXCEPT);
-}
-
-#define KY_KERNELS(T)                                                                      \
-    template <>                                                                            \
-    inline constexpr Kernel kKernel<&Transformation::transformPositionT<T>> =              \
-        byOneMatrix<T, Batch::transformPositions<T>>;                                      \
-    template <>                                                                            \
-    inline constexpr Kernel kKernel<&Transformation::transformDirectionT<T>> =             \
-        byOneMatrix<T, Batch::transformDirections<T>>;                                     \
-    template <>                                                                            \
-    inline constexpr Kernel kKernel<&BoundingBoxT<T>::transform> = transformBoxes<T>;      \
-    template <>                                                                            \
-    inline constexpr Kernel kKernel<static_cast<Product<T>>(&Matrix44T<T>::multiply)> =    \
-        multiply<T>;                                                                       \
-    template <>                                                                            \
-    inline constexpr Kernel kKernel<&PlaneT<T>::intersect> = classify<T>;                  \
-    template <>                                                                            \
-    inline constexpr Kernel kKernel<&Matrix44T<T>::inverse> =                              \
-        inBlocks<[](auto... a) { Batch::inverse(a...); }, Matrix44T<T>, Matrix44T<T>>;     \
-    template <>                                                                            \
-    inline constexpr Kernel kKernel<&QuaternionT<T>::slerp> =                              \
-        inBlocks<[](auto... a) { Batch::slerp(a...); }, QuaternionT<T>, QuaternionT<T>, T, \
-                 QuaternionT<T>>;
-KY_KERNELS(float)
-KY_KERNELS(double)
-#undef KY_KERNELS
-template <>
-inline constexpr Kernel kKernel<compound<&KyTransform::compound>> =
-    inBlocks<[](auto... a) { Batch::compound(a...); }, KyTransform, KyTransform, KyTransform>;
 
 // ---- The tables
 
@@ -198,26 +31,35 @@ void addVector(Space& s) {
     add<&V::areEqualTol...>(s, "areEqualTol");
     add<static_cast<typename Layout<V>::Scalar (V::*)() const>(&V::normSquare)...>(s, "normSquare");
     add<&V::lengthSqr...>(s, "lengthSqr");
+    add<[](const V& v, typename Layout<V>::Scalar divisor) { return v / divisor; }...>(s, "divide");
+}
+/// Those of two and of four, which have no array calls.
+template <class... V>
+void addNorms(Space& s) {
     add<&V::norm...>(s, "norm");
     add<&V::length...>(s, "length");
     add<static_cast<void (V::*)()>(&V::normalize)...>(s, "normalize");
-    add<[](const V& v, typename Layout<V>::Scalar divisor) { return v / divisor; }...>(s, "divide");
 }
 
 template <Scalar... T>
 void addVectors(Space& two, Space& three, Space& four) {
     addVector<V2<T>...>(two);
+    addNorms<V2<T>...>(two);
     add<&V2<T>::dot...>(two, "dot");
     add<&V2<T>::cross...>(two, "cross");
     add<&V2<T>::rotate...>(two, "rotate");
 
     addVector<V3<T>...>(three);
+    add<batched<&V3<T>::norm, KY_CALL(Batch::norm)>()...>(three, "norm");
+    add<batched<&V3<T>::length, KY_CALL(Batch::norm)>()...>(three, "length");
+    add<batched<static_cast<void (V3<T>::*)()>(&V3<T>::normalize), KY_CALL(Batch::normalize)>()...>(
+        three, "normalize");
     add<&V3<T>::isZero...>(three, "isZero");
     add<&V3<T>::isFinite...>(three, "isFinite");
-    add<[](const V3<T>& a, const V3<T>& b) { return a * b; }...>(three, "dot");
+    add<batched<dot<T>, KY_CALL(Batch::dot)>()...>(three, "dot");
     add<static_cast<V3<T> (*)(const V3<T>&, const V3<T>&)>(&V3<T>::multComp)...>(three, "multComp");
     add<&V3<T>::addMultiple...>(three, "addMultiple");
-    add<&V3<T>::cross...>(three, "cross");
+    add<batched<&V3<T>::cross, KY_CALL(Batch::cross)>()...>(three, "cross");
     add<&V3<T>::distanceSqr...>(three, "distanceSqr");
     add<&V3<T>::distance...>(three, "distance");
     add<&V3<T>::maxComponentIndex...>(three, "maxComponentIndex");
@@ -229,6 +71,7 @@ void addVectors(Space& two, Space& three, Space& four) {
     add<planeNormal<T>...>(three, "planeNormal");
 
     addVector<V4<T>...>(four);
+    addNorms<V4<T>...>(four);
     add<&V4<T>::isZero...>(four, "isZero");
     add<&V4<T>::isFinite...>(four, "isFinite");
     add<&V4<T>::xyz...>(four, "xyz");
@@ -240,11 +83,11 @@ void addMatrix(Space& s) {
     add<&M<T>::isEqual...>(s, "isEqual");
     add<&M<T>::areEqualTol...>(s, "areEqualTol");
     add<&M<T>::isFinite...>(s, "isFinite");
-    add<static_cast<Product<T>>(&M<T>::multiply)...>(s, "multiply");
+    add<batchedByAnyOf<kProduct<T>, productsInCOrder<T>>()...>(s, "multiply");
     add<&M<T>::divide...>(s, "divide");
     add<&M<T>::multiplyWithVector...>(s, "multiplyWithVector");
     add<&M<T>::determinant...>(s, "determinant");
-    add<&M<T>::inverse...>(s, "inverse");
+    add<batched<&M<T>::inverse, KY_CALL(Batch::inverse)>()...>(s, "inverse");
     add<&M<T>::inverse_orthogonal...>(s, "inverse_orthogonal");
     add<&M<T>::inverse_affine...>(s, "inverse_affine");
 }
@@ -255,7 +98,8 @@ void addTransformation(Space& s) {
     add<static_cast<M<T> (*)(const V3<T>&)>(&createScaleT<T>)...>(s, "createScaleT");
     add<static_cast<M<T> (*)(const V3<T>&)>(&createTranslationT<T>)...>(s, "createTranslationT");
     add<static_cast<M<T> (*)(T, T, T)>(&createRotationT<T>)...>(s, "createRotationT");
-    add<static_cast<M<T> (*)(const Q<T>&)>(&createRotationT<T>)...>(s, "createRotationT_q");
+    add<batched<static_cast<M<T> (*)(const Q<T>&)>(&createRotationT<T>),
+                KY_CALL(Batch::createRotations)>()...>(s, "createRotationT_q");
     add<static_cast<M<T> (*)(const V3<T>&, T)>(&createRotationT<T>)...>(s, "createRotationT_axis");
     add<&createRotationFromAxesT<T>...>(s, "createRotationFromAxesT");
     add<&createRotationFromOuterProductT<T>...>(s, "createRotationFromOuterProductT");
@@ -269,15 +113,19 @@ void addTransformation(Space& s) {
     add<&isPerspectiveProjectionT<T>...>(s, "isPerspectiveProjectionT");
     add<&getTranslationT<T>...>(s, "getTranslationT");
     add<&getScaleT<T>...>(s, "getScaleT");
-    add<&getRotationT<T>...>(s, "getRotationT");
-    add<&getRotationAsQuaternionT<T>...>(s, "getRotationAsQuaternionT");
+    add<batched<&getRotationT<T>, KY_CALL(Batch::getRotations), In<M<T>>, One<bool>,
+                Out<V3<T>>>()...>(s, "getRotationT");
+    add<batched<&getRotationAsQuaternionT<T>, KY_CALL(Batch::getRotationsAsQuaternions), In<M<T>>,
+                One<bool>, Out<Q<T>>>()...>(s, "getRotationAsQuaternionT");
     add<decompose<T>...>(s, "decomposeT");
     add<&composeT<T>...>(s, "composeT");
     add<&translateToT<T>...>(s, "translateToT");
     add<&rotateToT<T>...>(s, "rotateToT");
     add<&scaleToT<T>...>(s, "scaleToT");
-    add<&transformPositionT<T>...>(s, "transformPositionT");
-    add<&transformDirectionT<T>...>(s, "transformDirectionT");
+    add<batched<&transformPositionT<T>, KY_CALL(Batch::transformPositions), One<M<T>>, In<V3<T>>,
+                Out<V3<T>>>()...>(s, "transformPositionT");
+    add<batched<&transformDirectionT<T>, KY_CALL(Batch::transformDirections), One<M<T>>, In<V3<T>>,
+                Out<V3<T>>>()...>(s, "transformDirectionT");
     add<&linearVelocityT<T>...>(s, "linearVelocityT");
     add<&angularVelocityT<T>...>(s, "angularVelocityT");
     add<&isRotation<T>...>(s, "isRotation");
@@ -286,18 +134,19 @@ void addTransformation(Space& s) {
 template <Scalar... T>
 void addQuaternion(Space& s) {
     add<&Q<T>::areEqualTol...>(s, "areEqualTol");
-    add<static_cast<Q<T> (Q<T>::*)(const Q<T>&) const>(&Q<T>::operator*)...>(s, "multiply");
+    add<batched<static_cast<Q<T> (Q<T>::*)(const Q<T>&) const>(&Q<T>::operator*),
+                KY_CALL(Batch::multiply)>()...>(s, "multiply");
     add<&Q<T>::dot...>(s, "dot");
     add<&Q<T>::norm...>(s, "norm");
     add<&Q<T>::getInverse...>(s, "getInverse");
-    add<&Q<T>::rotate...>(s, "rotate");
-    add<&Q<T>::normalize...>(s, "normalize");
+    add<batched<&Q<T>::rotate, KY_CALL(Batch::rotate)>()...>(s, "rotate");
+    add<batched<&Q<T>::normalize, KY_CALL(Batch::normalize)>()...>(s, "normalize");
     add<fromAxisAngle<T>...>(s, "fromAxisAngle");
     add<toAxisAngle<T>...>(s, "toAxisAngle");
     add<fromEulerXYZ<T>...>(s, "fromEulerXYZ");
     add<toEulerXYZ<T>...>(s, "toEulerXYZ");
     add<&Q<T>::finiteRotation...>(s, "finiteRotation");
-    add<&Q<T>::slerp...>(s, "slerp");
+    add<batched<&Q<T>::slerp, KY_CALL(Batch::slerp)>()...>(s, "slerp");
     add<fromRotation<T>...>(s, "fromRotation");
 }
 
@@ -320,13 +169,19 @@ void addBounds(Space& boxes, Space& planes) {
     add<static_cast<B<T> (B<T>::*)(const B<T>&) const>(&B<T>::intersect)...>(boxes, "intersect");
     add<static_cast<bool (B<T>::*)(const V3<T>&, const V3<T>&) const>(&B<T>::intersect)...>(
         boxes, "intersect_line");
-    add<&B<T>::transform...>(boxes, "transform");
+    add<batched<&B<T>::transform,
+                [](const auto& in, const auto& m, const auto&... a) {
+                    Batch::transformBoxes(m, in, a...);
+                },
+                In<B<T>>, One<M<T>>, Out<B<T>>>()...>(boxes, "transform");
     add<&B<T>::inverseTransform...>(boxes, "inverseTransform");
 
     add<&P<T>::getNormal...>(planes, "getNormal");
     add<&P<T>::distance...>(planes, "distance");
-    add<&P<T>::intersect...>(planes, "intersect");
-    add<&P<T>::intersectBoundingSphere...>(planes, "intersectBoundingSphere");
+    add<batched<&P<T>::intersect, KY_CALL(Batch::classify), One<P<T>>, In<B<T>>,
+                OutRow<signed char>>()...>(planes, "intersect");
+    add<batched<&P<T>::intersectBoundingSphere, KY_CALL(Batch::classify), One<P<T>>, In<V3<T>>,
+                In<T>, OutRow<signed char>>()...>(planes, "intersectBoundingSphere");
     add<&P<T>::makeUnitLength...>(planes, "makeUnitLength");
     add<&P<T>::transform...>(planes, "transform");
 }
@@ -346,9 +201,16 @@ void addTransform(Space& s) {
     add<&T::makeFromRotatedVector>(s, "makeFromRotatedVector");
     add<&T::outerProduct3x3>(s, "outerProduct3x3");
     add<toQuaternion>(s, "toQuaternion");
-    add<&T::transformPoint>(s, "transformPoint");
-    add<&T::transformDirection>(s, "transformDirection");
-    add<compound<&T::compound>>(s, "compound");
+    add<batched<&T::transformPoint, KY_CALL(Batch::transformPoints), One<T>, In<V>, Out<V>>()>(
+        s, "transformPoint");
+    add<batched<&T::transformDirection, KY_CALL(Batch::transformDirections), One<T>, In<V>,
+                Out<V>>()>(s, "transformDirection");
+    add<batched<compound<&T::compound>,
+                [](const T* a, const T* b, T* out, std::size_t count) {
+                    for (std::size_t i = 0; i < 4 * count; ++i) out[i / 4](3, i % 4) = i % 4 == 3;
+                    Batch::compound(a, b, out, count);
+                },
+                InRow<T>, InRow<T>, OutRow<T>>()>(s, "compound");
     add<compound<&T::compoundFirstThenInverseSecond>>(s, "compoundFirstThenInverseSecond");
     add<compound<&T::compoundInverseFirstThenSecond>>(s, "compoundInverseFirstThenSecond");
     add<&T::postCompound>(s, "postCompound");
@@ -401,6 +263,24 @@ void addRays(Space& s) {
     add<meet<double, 2, BoundingSphere>>(s, "intersect_sphere");
     add<kMeetPlane<T>...>(s, "intersect_plane");
     add<kMeetTriangle<T>...>(s, "intersect_triangle");
+    add<batchedByAnyOf<intersectBoxes<T>,
+                       byArrayCall<KY_CALL(Rays::intersectBoxes), One<V3<T>>, One<V3<T>>, In<B<T>>,
+                                   OutRow<T>, OutRow<T>>,
+                       byArrayCall<KY_CALL(Rays::intersectBox), InRow<V3<T>>, InRow<V3<T>>,
+                                   One<B<T>>, OutRow<T>, OutRow<T>>>()...>(s, "intersectBoxes");
+    constexpr auto withOneLine = [](const auto& origin, const auto& direction,
+                                    const auto* triangles, const auto&... a) {
+        Rays::intersectTriangles(origin, direction, &triangles->a, a...);
+    };
+    constexpr auto withOneTriangle = [](const auto& origins, const auto& directions, const auto& t,
+                                        const auto&... a) {
+        Rays::intersectTriangle(origins, directions, t.a, t.b, t.c, a...);
+    };
+    add<batchedByAnyOf<
+        intersectTriangles<T>,
+        byArrayCall<withOneLine, One<V3<T>>, One<V3<T>>, InRow<Triangle<T>>, OutRow<T>>,
+        byArrayCall<withOneTriangle, InRow<V3<T>>, InRow<V3<T>>, One<Triangle<T>>,
+                    OutRow<T>>>()...>(s, "intersectTriangles");
 }
 
 template <class L>
@@ -418,25 +298,71 @@ void addLine(Space& s) {
 
 }  // namespace
 
-void addUfunc(Space& space, const char* name, const std::vector<PyUFuncGenericFunction>& loops,
-              std::string types, std::size_t inputs, const char* const* shapes, std::size_t all) {
-    // numpy keeps pointers to all of it.
-    auto* const functions = new std::vector<PyUFuncGenericFunction>(loops);
+void addUfunc(Space& space, const char* name, const Ufunc& ufunc) {
     static void* none[2] = {};
     std::string signature;
-    for (std::size_t i = 0; i < all; ++i) {
-        signature += (i == 0 ? "" : i == inputs ? "->" : ",");
-        signature += shapes[i];
+    for (int i = 0; i < ufunc.all; ++i) {
+        signature += (i == 0 ? "" : i == ufunc.inputs ? "->" : ",");
+        signature += ufunc.shapes[i];
     }
-    const char* const about = comment(space.name, name);
-    const auto keep = [](const std::string& text) { return (new std::string(text))->data(); };
-    Ref ufunc(PyUFunc_FromFuncAndDataAndSignature(
-        functions->data(), none, keep(types), int(loops.size()), int(inputs), int(all - inputs),
-        PyUFunc_None, keep(name), keep(about != nullptr ? about : ""), 0, signature.c_str()));
-    check(PyObject_SetAttrString(space.module.get(), name, ufunc.get()));
+    // What is named after an argument, or has no form for one value.
+    const std::string plain = std::string(name).substr(0, std::string(name).find('_'));
+    const char* about = nullptr;
+    for (const auto& [owner, member] :
+         {std::pair(space.name, name), {space.name, plain.c_str()}, {"Batch", name}}) {
+        if (about == nullptr) about = comment(owner, member);
+    }
+    Ref object(PyUFunc_FromFuncAndDataAndSignature(
+        ufunc.loops, none, ufunc.types, ufunc.count, ufunc.inputs, ufunc.all - ufunc.inputs,
+        PyUFunc_None, name, about != nullptr ? about : "", 0, signature.c_str()));
+    check(PyObject_SetAttrString(space.module.get(), name, object.get()));
 }
 
 namespace {
+
+/// The one function that works on each array as a whole: boxes in depth-first order, and how many
+/// are below each.
+void cullTree(char** args, const npy_intp* counts, const npy_intp* steps, void*) {
+    guardedLoop([&] {
+        const npy_intp* const strides = steps + 5;  // planes have 2, boxes 3, the other arrays 1
+        const auto count = std::size_t(counts[3]);
+        std::vector<BoundingBoxd> boxes(count);
+        std::vector<unsigned> descendants(count), masks(count);
+        std::vector<signed char> sides(count);
+        for (npy_intp n = 0; n < counts[0]; ++n) {
+            const auto at = [&](int array, npy_intp stride, std::size_t i) {
+                return args[array] + n * steps[array] + npy_intp(i) * stride;
+            };
+            const auto region = Core<Polytope>::load(at(0, 0, 0), strides, counts + 1);
+            for (std::size_t i = 0; i < count; ++i) {
+                boxes[i] = Core<BoundingBoxd>::load(at(1, strides[2], i), strides + 3, nullptr);
+                descendants[i] = Core<unsigned>::load(at(2, strides[5], i), nullptr, nullptr);
+            }
+            Batch::cullTree(region, boxes.data(), descendants.data(), sides.data(), masks.data(),
+                            count);
+            for (std::size_t i = 0; i < count; ++i) {
+                Core<signed char>::store(sides[i], at(3, strides[6], i), nullptr);
+                Core<unsigned>::store(sides[i] == 0 ? masks[i] : 0, at(4, strides[7], i), nullptr);
+            }
+        }
+    });
+}
+
+void addCulling(Space& polytope, Space& frustum) {
+    using B = BoundingBoxd;
+    constexpr auto withRegion = [](const auto& region, const auto* boxes, bool* visible,
+                                   const auto&... a) {
+        Batch::cull(region, boxes, reinterpret_cast<unsigned char*>(visible), a...);
+    };
+    add<batched<contains, withRegion, One<Polytope>, In<B>, OutRow<bool>>()>(polytope, "contains");
+    add<batched<cull, withRegion, One<Frustum>, In<BoundingBoxf>, OutRow<bool>>()>(frustum, "cull");
+    add<batched<cullWithMask, KY_CALL(cullWithMasks), One<Polytope>, In<B>, OutRow<signed char>,
+                OutRow<unsigned>>()>(polytope, "cullWithMasks");
+    static PyUFuncGenericFunction loop = cullTree;
+    static char types[] = {NPY_DOUBLE, NPY_DOUBLE, NPY_LONG, NPY_LONG, NPY_LONG};
+    const char* const shapes[] = {"(n,4)", "(m,2,3)", "(m)", "(m)", "(m)"};
+    addUfunc(polytope, "cullTree", {&loop, types, 1, 3, 5, shapes});
+}
 
 void addAll(PyObject* module) {
     const auto space = [module](const char* name) {
@@ -464,13 +390,15 @@ void addAll(PyObject* module) {
     addVector6(six);
     addBoundingSphere(spheres);
     addRays<float, double>(rays);
-    Space polytope = space("Polytope");
-    const char* const shapes[] = {"(n,4)", "(2,3)", "()"};
-    addUfunc(polytope, "contains", {cull}, {NPY_DOUBLE, NPY_DOUBLE, NPY_BOOL}, 2, shapes, 3);
+    Space polytope = space("Polytope"), frustum = space("Frustum");
+    addCulling(polytope, frustum);
     Space rest{"kymath", Ref(share(module))};
     add<&Ky::KY_ARE_EQUAL<double>>(rest, "KY_ARE_EQUAL");
     add<computeAngle>(rest, "KyComputeAngle");
     add<worldSpaceSegment>(rest, "getWorldSpaceSegment");
+    add<&toTransform>(rest, "toTransform");
+    add<&KyMath::toQuaternion>(rest, "toQuaternion");
+    add<&inverseOf>(rest, "inverseOf");
 }
 
 }  // namespace

@@ -30,7 +30,7 @@ struct Core {
                                                               : NPY_LONG;
     static constexpr const char* kShape = "()";
 
-    static V load(const char* at, const npy_intp*) {
+    static V load(const char* at, const npy_intp*, const npy_intp*) {
         if constexpr (kType == NPY_LONG) {
             return V(*reinterpret_cast<const npy_long*>(at));
         } else {
@@ -54,28 +54,58 @@ struct Core<V> {
                                                                 : L::kShape[0] == 4 ? "(4)"
                                                                                     : "(6)"
                                           : L::kShape[0] == 2 ? "(2,3)"
+                                          : L::kShape[0] == 3 ? "(3,3)"
                                                               : "(4,4)";
 
-    template <class F>
-    static void each(F f) {
-        for (Py_ssize_t r = 0; r < L::kShape[0]; ++r) {
-            for (Py_ssize_t c = 0; c < (kRank == 2 ? L::kShape[kRank - 1] : 1); ++c) f(r, c);
-        }
+    static constexpr npy_intp kCOrder[] = {
+        npy_intp(sizeof(T)) * (kRank == 2 ? L::kShape[kRank - 1] : 1), sizeof(T)};
+
+    static bool isPlain(const npy_intp* strides) {
+        return std::equal(L::kStrides, std::end(L::kStrides), strides);
     }
-    static npy_intp offset(const npy_intp* strides, Py_ssize_t r, Py_ssize_t c) {
-        return r * strides[0] + (kRank == 2 ? c * strides[kRank - 1] : 0);
+    static bool isCOrder(const npy_intp* strides) {
+        return std::equal(kCOrder, kCOrder + kRank, strides);
     }
-    static V load(const char* at, const npy_intp* strides) {
-        V v = Numbers<V>::fresh();
-        each([&](Py_ssize_t r, Py_ssize_t c) {
-            element(v, r, c) = *reinterpret_cast<const T*>(at + offset(strides, r, c));
-        });
-        return v;
+    static V load(const char* at, const npy_intp* strides, const npy_intp*) {
+        return isPlain(strides) ? *reinterpret_cast<const V*>(at) : gather(at, strides);
     }
     static void store(const V& v, char* at, const npy_intp* strides) {
-        each([&](Py_ssize_t r, Py_ssize_t c) {
-            *reinterpret_cast<T*>(at + offset(strides, r, c)) = element(v, r, c);
+        if (isPlain(strides)) {
+            *reinterpret_cast<V*>(at) = v;
+        } else {
+            scatter(v, at, strides);
+        }
+    }
+    // Not inlined: hundreds of copies would leave no room to inline the functions themselves.
+    [[gnu::noinline]] static V gather(const char* at, const npy_intp* strides) {
+        return isCOrder(strides) ? gathered(at, kCOrder) : gathered(at, strides);
+    }
+    [[gnu::noinline]] static void scatter(const V& v, char* at, const npy_intp* strides) {
+        const auto write = [&v, at](const auto& s) {
+            each(s, [&](Py_ssize_t r, Py_ssize_t c, npy_intp offset) {
+                *reinterpret_cast<T*>(at + offset) = element(v, r, c);
+            });
+        };
+        isCOrder(strides) ? write(kCOrder) : write(strides);
+    }
+
+private:
+    template <class Strides, class F>
+    static void each(const Strides& strides, F f) {
+        for (Py_ssize_t r = 0; r < L::kShape[0]; ++r) {
+            for (Py_ssize_t c = 0; c < (kRank == 2 ? L::kShape[kRank - 1] : 1); ++c) {
+                f(r, c, r * strides[0] + (kRank == 2 ? c * strides[kRank - 1] : 0));
+            }
+        }
+    }
+    /// With those of C order as a constant, which the compiler makes use of.
+    template <class Strides>
+    static V gathered(const char* at, const Strides& strides) {
+        V v = Numbers<V>::fresh();
+        each(strides, [&](Py_ssize_t r, Py_ssize_t c, npy_intp offset) {
+            element(v, r, c) = *reinterpret_cast<const T*>(at + offset);
         });
+        return v;
     }
 };
 
@@ -83,8 +113,8 @@ struct Core<V> {
 template <class T>
 struct Core<PlaneT<T>> : Core<Vector4T<T>> {
     using Base = Core<Vector4T<T>>;
-    static PlaneT<T> load(const char* at, const npy_intp* strides) {
-        return PlaneT<T>(Base::load(at, strides));
+    static PlaneT<T> load(const char* at, const npy_intp* strides, const npy_intp* sizes) {
+        return PlaneT<T>(Base::load(at, strides, sizes));
     }
     static void store(const PlaneT<T>& plane, char* at, const npy_intp* strides) {
         Base::store(plane.getAsVector4(), at, strides);
@@ -95,8 +125,8 @@ struct Core<PlaneT<T>> : Core<Vector4T<T>> {
 template <>
 struct Core<BoundingSphere> : Core<Vector4d> {
     using Base = Core<Vector4d>;
-    static BoundingSphere load(const char* at, const npy_intp* strides) {
-        const Vector4d v = Base::load(at, strides);
+    static BoundingSphere load(const char* at, const npy_intp* strides, const npy_intp* sizes) {
+        const Vector4d v = Base::load(at, strides, sizes);
         return BoundingSphere(v.xyz(), v.w());
     }
     static void store(const BoundingSphere& sphere, char* at, const npy_intp* strides) {
@@ -107,9 +137,37 @@ struct Core<BoundingSphere> : Core<Vector4d> {
 /// A line by its two points.
 template <std::derived_from<Line3> Line>
 struct Core<Line> : Core<BoundingBoxd> {
-    static Line load(const char* at, const npy_intp* strides) {
-        const BoundingBoxd points = Core<BoundingBoxd>::load(at, strides);
+    static Line load(const char* at, const npy_intp* strides, const npy_intp* sizes) {
+        const BoundingBoxd points = Core<BoundingBoxd>::load(at, strides, sizes);
         return Line(points.getMin(), points.getMax());
+    }
+};
+
+template <class T>
+std::vector<PlaneT<T>> loadPlanes(const char* at, npy_intp count, const npy_intp* strides) {
+    std::vector<PlaneT<T>> planes;
+    for (npy_intp i = 0; i < count; ++i) {
+        planes.push_back(Core<PlaneT<T>>::load(at + i * strides[0], strides + 1, nullptr));
+    }
+    return planes;
+}
+
+/// A region by its planes, all of them to be tested. It is the first argument: the first of the
+/// sizes is their number.
+template <>
+struct Core<Polytope> : Core<Planed> {
+    static constexpr int kRank = 2;
+    static constexpr const char* kShape = "(n,4)";
+    static Polytope load(const char* at, const npy_intp* strides, const npy_intp* sizes) {
+        return Polytope(loadPlanes<double>(at, sizes[0], strides));
+    }
+};
+template <>
+struct Core<Frustum> : Core<Planef> {
+    static constexpr int kRank = 2;
+    static constexpr const char* kShape = "(6,4)";
+    static Frustum load(const char* at, const npy_intp* strides, const npy_intp*) {
+        return frustumOf(loadPlanes<float>(at, 6, strides));
     }
 };
 
@@ -149,18 +207,31 @@ auto outputsOf(First& first, A&... rest) {
     }
 }
 
-/// A faster loop for a function, where the memory is as it wants it: false if it is not.
-using Kernel = bool (*)(char** args, npy_intp count, const npy_intp* steps);
-template <auto kFunction>
-inline constexpr Kernel kKernel = nullptr;
+/// Calls f, which needs no lock of Python's, between numpy and C++.
+template <class F>
+void guardedLoop(F f) noexcept {
+    try {
+        f();
+    } catch (const std::bad_alloc&) {
+        const PyGILState_STATE state = PyGILState_Ensure();
+        PyErr_NoMemory();
+        PyGILState_Release(state);
+    }
+    std::feclearexcept(FE_ALL_EXCEPT);  // which numpy would warn of: a single call does not
+}
 
-template <auto kFunction, class R, class... A>
+/// A faster loop for a function, by an array call of the library: false if the arguments are not
+/// as the array call wants them.
+using Kernel = bool (*)(char** args, const npy_intp* counts, const npy_intp* steps);
+
+template <auto kFunction, Kernel kKernel, class R, class... A>
 struct Loop {
     /// Objects that the function changes are not const, all else is.
     template <class P>
     using Held = std::conditional_t<std::is_lvalue_reference_v<P>, std::remove_reference_t<P>,
                                     const std::remove_cvref_t<P>>;
     using Outputs = decltype(outputsOf<kFunction, R>(std::declval<Held<A>&>()...));
+    using Inputs = std::tuple<std::remove_cvref_t<A>...>;
     static constexpr std::size_t kInputs = sizeof...(A);
     static constexpr std::size_t kAll = kInputs + std::tuple_size_v<Outputs>;
 
@@ -184,23 +255,24 @@ struct Loop {
     static constexpr auto kShapes = list<Shape>(static_cast<Outputs*>(nullptr));
 
     static void run(char** args, const npy_intp* counts, const npy_intp* steps, void*) {
-        if (kKernel<kFunction> == nullptr || !kKernel<kFunction>(args, *counts, steps)) {
-            run(args, *counts, steps, std::make_index_sequence<kInputs>(),
-                std::make_index_sequence<kAll - kInputs>());
-        }
-        std::feclearexcept(FE_ALL_EXCEPT);  // which numpy would warn of: a single call does not
+        guardedLoop([&] {
+            if (kKernel == nullptr || !kKernel(args, counts, steps)) {
+                run(args, counts, steps, std::make_index_sequence<kInputs>(),
+                    std::make_index_sequence<kAll - kInputs>());
+            }
+        });
     }
 
     template <std::size_t... I, std::size_t... O>
-    static void run(char** args, npy_intp count, const npy_intp* steps, std::index_sequence<I...>,
-                    std::index_sequence<O...>) {
+    static void run(char** args, const npy_intp* counts, const npy_intp* steps,
+                    std::index_sequence<I...>, std::index_sequence<O...>) {
         constexpr auto ranks = list<Rank>(static_cast<Outputs*>(nullptr));
         const npy_intp* strides[kAll];  // of the dimensions of each value
         strides[0] = steps + kAll;
         for (std::size_t i = 1; i < kAll; ++i) strides[i] = strides[i - 1] + ranks[i - 1];
-        for (npy_intp n = 0; n < count; ++n) {
-            std::tuple<Held<A>...> in{
-                Core<std::remove_cvref_t<A>>::load(args[I] + n * steps[I], strides[I])...};
+        for (npy_intp n = 0; n < counts[0]; ++n) {
+            std::tuple<Held<A>...> in{Core<std::remove_cvref_t<A>>::load(
+                args[I] + n * steps[I], strides[I], counts + 1)...};
             const Outputs out = outputsOf<kFunction, R>(std::get<I>(in)...);
             (Core<std::tuple_element_t<O, Outputs>>::store(
                  std::get<O>(out), args[kInputs + O] + n * steps[kInputs + O],
@@ -210,10 +282,23 @@ struct Loop {
     }
 };
 
-template <auto kFunction, class R, class... A>
-Loop<kFunction, R, A...> loopOf(const Signature<R, A...>&);
+/// A function that has a faster loop, as the tables name it.
+template <auto kFunction, Kernel kKernel>
+struct WithKernel {};
+
+template <auto kFunction, Kernel kKernel, class R, class... A>
+Loop<kFunction, kKernel, R, A...> loopOf(const Signature<R, A...>&);
+template <auto kFunction, class F>
+struct LoopFor {
+    using Type = decltype(loopOf<kFunction, nullptr>(SignatureOf<F>()));
+};
+template <auto kAny, auto kFunction, Kernel kKernel>
+struct LoopFor<kAny, WithKernel<kFunction, kKernel>> {
+    using F = std::remove_const_t<decltype(kFunction)>;
+    using Type = decltype(loopOf<kFunction, kKernel>(SignatureOf<F>()));
+};
 template <auto kFunction>
-using LoopOf = decltype(loopOf<kFunction>(SignatureOf<std::remove_const_t<decltype(kFunction)>>()));
+using LoopOf = typename LoopFor<kFunction, std::remove_const_t<decltype(kFunction)>>::Type;
 
 // ---- Adding them
 
@@ -223,19 +308,26 @@ struct Space {
     Ref module;
 };
 
-void addUfunc(Space& space, const char* name, const std::vector<PyUFuncGenericFunction>& loops,
-              std::string types, std::size_t inputs, const char* const* shapes, std::size_t all);
+/// What numpy keeps pointers to: a loop for each scalar type, and for each the types of all inputs
+/// and outputs.
+struct Ufunc {
+    PyUFuncGenericFunction* loops;
+    char* types;
+    int count, inputs, all;
+    const char* const* shapes;
+};
+void addUfunc(Space& space, const char* name, const Ufunc& ufunc);
 
 /// The forms of a function for each scalar type, float first.
 template <auto kFirst, auto... kOther>
 void add(Space& space, const char* name) {
     using L = LoopOf<kFirst>;
-    std::string types;
-    const auto append = [&types](const auto& list) { types.append(list.begin(), list.end()); };
-    append(L::kTypes);
-    (append(LoopOf<kOther>::kTypes), ...);
-    addUfunc(space, name, {L::run, LoopOf<kOther>::run...}, types, L::kInputs, L::kShapes.data(),
-             L::kAll);
+    static PyUFuncGenericFunction loops[] = {L::run, LoopOf<kOther>::run...};
+    static std::remove_const_t<decltype(L::kTypes)> types[] = {L::kTypes,
+                                                               LoopOf<kOther>::kTypes...};
+    addUfunc(space, name,
+             {loops, types[0].data(), 1 + sizeof...(kOther), int(L::kInputs), int(L::kAll),
+              L::kShapes.data()});
 }
 
 }  // namespace KyMath::python

@@ -121,15 +121,10 @@ void addPolytope(PyObject* module) {
     type.addTo(module);
 }
 
-/// The six planes of a frustum as repr() and pickle hold them.
+/// As repr() and pickle hold it.
 Frustum fromPlanes(const std::vector<Planef>& planes) {
     if (planes.size() != 6) raise(PyExc_ValueError, "a frustum has six planes");
-    Frustum frustum;
-    for (unsigned i = 0; i < 6; ++i) {
-        // Of a frustum that is not const, as its planes are not.
-        const_cast<Planef&>(frustum.getPlane(i)) = planes[i];
-    }
-    return frustum;
+    return frustumOf(planes);
 }
 
 void addFrustum(PyObject* module) {

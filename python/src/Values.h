@@ -161,6 +161,15 @@ inline auto fields(const Frustum& f) {
     for (unsigned i = 0; i < 6; ++i) planes.push_back(f.getPlane(i));
     return std::tuple(planes);
 }
+/// A frustum of six planes.
+inline Frustum frustumOf(const std::vector<Planef>& planes) {
+    Frustum frustum;
+    for (unsigned i = 0; i < 6; ++i) {
+        // Of a frustum that is not const, as its planes are not.
+        const_cast<Planef&>(frustum.getPlane(i)) = planes[i];
+    }
+    return frustum;
+}
 template <std::derived_from<Line3> L>
 auto fields(const L& line) {
     return std::tuple(line.p1, line.p2);

@@ -16,15 +16,20 @@ import kymath as ky
 from kymath.arrays import BoundingBox, Matrix44, Quaternion, Transformation, Vector3
 
 random = np.random.default_rng(1)
-spaces = {name: space for name, space in vars(ky.arrays).items() if isinstance(space, types.ModuleType)}
+spaces = {"": ky.arrays, **{name: space for name, space in vars(ky.arrays).items() if isinstance(space, types.ModuleType)}}
 functions = [(name, member) for name, space in spaces.items() for member, ufunc in vars(space).items()
-             if isinstance(ufunc, np.ufunc) and name != "Polytope"]
+             if isinstance(ufunc, np.ufunc) and name not in ("Polytope", "Frustum")]
+COUNT = 70  # more than array calls of the library get at once
 # Where the single call has another form: what takes which arguments.
 singles = {
     **{f"Vector{n}.divide": (operator.truediv, [f"Vector{n}", "float"]) for n in (2, 3, 4)},
     "Vector3.dot": (operator.matmul, ["Vector3", "Vector3"]),
     "Quaternion.multiply": (operator.mul, ["Quaternion", "Quaternion"]),
     "BoundingBox.add": (operator.add, ["BoundingBox", "BoundingBox"]),
+    "Rays.intersectBoxes": (
+        lambda o, d, box: ky.Rays.intersect(o, d, box) or (np.inf, -np.inf), ["Vector3", "Vector3", "BoundingBox"]),
+    "Rays.intersectTriangles": (
+        lambda o, d, t: (ky.Rays.intersect(o, d, *t) or (np.inf,))[0], ["Vector3", "Vector3", "Triangle"]),
     "KyTransform.makeOrthonormal": (
         lambda t, axis: changed(t, "makeOrthonormal", axis % 3), ["KyTransform", "int"]),
     "KyEulerAngles.areEqualTol": (
@@ -36,7 +41,7 @@ singles = {
         lambda m, order: changed(ky.KyEulerAngles(), "fromMatrix44", m, order).angles(), ["Matrix44", "int"])}
 shapes = {"float": (), "int": (), "bool": (), "Vector2": (2,), "Vector3": (3,), "Vector4": (4,), "Vector6": (6,),
           "BoundingSphere": (4,), "Quaternion": (4,), "Plane": (4,), "BoundingBox": (2, 3), "Line3": (2, 3), "Segment3": (2, 3),
-          "Matrix44": (4, 4), "KyTransform": (4, 4)}
+          "Triangle": (3, 3), "Matrix44": (4, 4), "KyTransform": (4, 4)}
 
 
 def changed(value, member, *arguments):
@@ -54,6 +59,8 @@ def values(shape, dtype):
 def one(kind, array, letter):
     if kind in ("float", "int", "bool"):
         return array[()].item()
+    if kind == "Triangle":
+        return [one("Vector3", row, letter) for row in array]
     cls = getattr(ky, kind, None) or getattr(ky, kind + letter)
     if kind in ("Plane", "BoundingSphere"):
         return cls(*array) if kind == "Plane" else cls(ky.Vector3d(array[:3]), array[3])
@@ -98,32 +105,49 @@ def test_bits_of_single_calls(space, member, letter):
         single, kinds = singles[name]
     else:
         single, kinds = singleCall(ufunc, space, member, letter)
-    columns = [random.integers(0, 8, 30) if kind == "int" else values((30, *shapes[kind]), letter) > 0
-               if kind == "bool" else values((30, *shapes[kind]), letter) for kind in kinds]
-    for i, column in enumerate(columns):  # of all orders in memory, and one value for all
-        columns[i] = [column, column[::-1], np.asfortranarray(column), column[:1]][(i + len(member)) % 4]
-    results = ufunc(*columns)
-    for n in range(30 if any(len(column) == 30 for column in columns) else 1):
-        row = [one(kind, column[n % len(column)], letter) for kind, column in zip(kinds, columns)]
-        expected = single(*row)
-        if expected is None and not isinstance(results, tuple):
-            expected = row[0]
-        elif member in ("makeCleanBase",):
-            expected = (row[0], expected)
-        found = tuple(result[n] for result in results) if isinstance(results, tuple) else results[n]
-        if expected is None:
-            assert not found[0]
-        else:
-            expected = flat(expected)
-            assert repr(flat(found)[-len(expected):]) == repr(expected)
+    columns = [random.integers(0, 8, COUNT) if kind == "int" else values((COUNT, *shapes[kind]), letter) > 0
+               if kind == "bool" else values((COUNT, *shapes[kind]), letter) for kind in kinds]
+    for turn in range(4):  # of all orders in memory, and one value for all
+        arranged = [[column, column[::-1], np.asfortranarray(column), column[:1]][(i + turn) % 4]
+                    for i, column in enumerate(columns)]
+        results = ufunc(*arranged)
+        results = results if isinstance(results, tuple) else (results,)
+        for n in range(len(results[0])):
+            row = [one(kind, column[n % len(column)], letter) for kind, column in zip(kinds, arranged)]
+            expected = single(*row)
+            if member == "makeCleanBase":
+                expected = (row[0], expected)
+            elif expected is None and len(results) == 1:
+                expected = row[0]
+            if expected is None:
+                assert not results[0][n]
+            else:
+                expected = flat(expected)
+                assert repr(flat(tuple(result[n] for result in results))[-len(expected):]) == repr(expected)
 
 
 def test_cull():
-    planes, boxes = values((3, 5, 4), "d"), values((3, 40, 2, 3), "d")
-    regions = [ky.Polytope([ky.Planed(*plane) for plane in region]) for region in planes]
-    expected = [[region.contains(ky.BoundingBoxd(box)) for box in row] for region, row in zip(regions, boxes)]
-    assert (ky.arrays.Polytope.contains(planes[:, None], boxes) == expected).all()
-    assert (ky.arrays.Polytope.contains(planes[0], boxes[0]) == expected[0]).all()
+    planes, boxes = values((3, 5, 4), "d"), values((3, COUNT, 2, 3), "d")
+    expected = np.empty((3, 3, COUNT), int)
+    for region, row, results in zip(planes, boxes, np.moveaxis(expected, 1, 0)):
+        for n, box in enumerate(row):
+            polytope = ky.Polytope([ky.Planed(*plane) for plane in region])
+            visible = polytope.contains(ky.BoundingBoxd(box))
+            mask = polytope.getCurrentMask() if visible else 0
+            results[:, n] = visible, -1 if not visible else mask == 0, mask
+    for first, last in ((0, 3), (1, 2)):
+        some = planes[first:last, None], boxes[first:last]
+        assert (ky.arrays.Polytope.contains(*some) == expected[0, first:last]).all()
+        assert (ky.arrays.Polytope.cullWithMasks(*some) == expected[1:, first:last]).all()
+        leaves = ky.arrays.Polytope.cullTree(some[0][:, 0], boxes[first:last], np.zeros(COUNT, int))
+        assert (leaves == expected[1:, first:last]).all()
+    ordered = np.sort(boxes, axis=2)
+    ordered[:, 0, 0], ordered[:, 0, 1] = ordered[:, 1:, 0].min(axis=1), ordered[:, 1:, 1].max(axis=1)
+    sides, _ = ky.arrays.Polytope.cullTree(planes, ordered, [COUNT - 1] + [0] * (COUNT - 1))
+    assert ((sides >= 0) == ky.arrays.Polytope.contains(planes[:, None], ordered)).all()
+    frustum = values((6, 4), "f")
+    assert (ky.arrays.Frustum.cull(frustum, boxes.astype("f")) == (ky.arrays.Plane.intersect(
+        frustum[:, None, None], boxes.astype("f")) != -1).all(axis=0)).all()
 
 
 m = np.asarray(Transformation.composeT([1.0, 2, 3], [0.1, 0.2, 0.3], [4.0, 5, 6], 1.0))
