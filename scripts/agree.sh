@@ -8,10 +8,11 @@
 # x86-64 up to what this CPU has, shared and static, the latter also as on a processor without AVX2 or
 # AVX-512; then clients of one shared library that are compiled with flags of their own, and inline small
 # members or not. A difference names the build and the function. Flags that the library cannot be built
-# with must be refused. --quick takes a few builds that differ most.
+# with must be refused. The same for the library on SLEEF, also without FMA and AVX2 in the C library.
+# --quick takes a few builds that differ most.
 . "$(dirname "$(readlink -f "$0")")/common.sh"
 takes --quick "$@"
-prepare library tests clang
+prepare library lockstep tests clang
 out=$root/build/agree
 mkdir -p "$out"
 
@@ -33,11 +34,15 @@ else
     done
 fi
 
-reference='' compared=0 status=0
+compared=0 status=0
+rm -f "$out"/reference*
 # compare NAME PROGRAM
 compare() {
+    local reference=$out/reference
     "$2" >"$out/results" 2>"$out/messages" || { echo "$1 fails:" && cat "$out/messages" && status=1; }
-    [[ $reference ]] || { reference=$out/reference && cp "$out/results" "$reference"; }
+    # That of the C library, which the library on SLEEF does not call.
+    [[ $2 != *Lockstep* ]] || { reference+=-lockstep && sed -i 1d "$out/results"; }
+    [[ -e $reference ]] || cp "$out/results" "$reference"
     compared=$((compared + 1))
     if ! diff "$reference" "$out/results" >"$out/difference"; then
         echo "$1 differs in:"
@@ -50,10 +55,10 @@ for build in "${builds[@]}"; do
     compiler=${build%% *} dir=$out/${build// /}
     cmake -S "$root" -B "$dir" -G Ninja -DCMAKE_CXX_COMPILER="$compiler" \
         -DCMAKE_BUILD_TYPE=None -DCMAKE_CXX_FLAGS="${build#* }" -DKYMATH_EXAMPLES=OFF \
-        -DCMAKE_AR="$(command -v "$([[ $compiler == g++ ]] && echo gcc-ar || echo llvm-ar)")" \
+        -DKYMATH_LOCKSTEP=ON -DCMAKE_AR="$(command -v "$([[ $compiler == g++ ]] && echo gcc-ar || echo llvm-ar)")" \
         >/dev/null
-    cmake --build "$dir" --target kymath_functions_KyMath kymath_functions_Static >/dev/null
-    if objdump -d "$dir/src/libKyMath.so" | grep -qE 'vfn?m(add|sub)'; then
+    cmake --build "$dir" --target kymath_functions_{KyMath,Static,Lockstep,LockstepStatic} >/dev/null
+    if objdump -d "$dir"/src/libKyMath*.so | grep -qE 'vfn?m(add|sub)'; then
         echo "$build fuses multiplications and additions"
         status=1
     fi
@@ -61,7 +66,10 @@ for build in "${builds[@]}"; do
     compare "$build, static" "$dir/tests/kymath_functions_Static"
     WITHOUT_AVX2=1 compare "$build, static, without AVX2" "$dir/tests/kymath_functions_Static"
     WITHOUT_AVX512=1 compare "$build, static, without AVX-512" "$dir/tests/kymath_functions_Static"
-    echo "$build: $(($(wc -l <"$out/results") - 1)) functions"
+    compare "$build, Lockstep" "$dir/tests/kymath_functions_Lockstep"
+    GLIBC_TUNABLES=glibc.cpu.hwcaps=-AVX2,-FMA,-AVX512F,-AVX512VL \
+        compare "$build, Lockstep, static, less glibc" "$dir/tests/kymath_functions_LockstepStatic"
+    echo "$build: $(wc -l <"$out/results") functions"
 done
 
 dir=$out/${builds[0]// /}

@@ -9,7 +9,7 @@
 set -euo pipefail
 src=$(dirname "$0")/../../src
 callers=$(grep -rl '^#include "internal/Libm.h"' "$src" --include='*.cpp' | sed 's|.*/||; s/\.cpp$//')
-if [[ $1 == *Lockstep* ]]; then called='Sleef_cinz_[a-z0-9]+_u10purec\('; else called='::[a-z0-9]+\('; fi
+if [[ $1 == *Lockstep* ]]; then called='Sleef_cinz_[a-z0-9]+_u10(purec|sse2)\('; else called='::[a-z0-9]+\('; fi
 allowed=$(grep -oE "$called" "$src/internal/Libm.h" | tr -d ':(' | sort -u)
 libm=$(nm -D --defined-only "$(${CXX:-c++} -print-file-name=libm.so.6)" | awk '{print $3}' |
     sed 's/@.*//' | sort -u)
