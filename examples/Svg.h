@@ -28,10 +28,11 @@ public:
               << height << R"(" viewBox="0 0 )" << width << " " << height << "\">\n"
               << "<style>text{font-family:sans-serif}"
                  "path{fill:none;stroke-linecap:round;stroke-linejoin:round}"
-                 "@media(prefers-color-scheme:dark){svg{filter:invert(.9)hue-rotate(180deg)}}"
+                 "@media(prefers-color-scheme:dark){"
+                 "svg{background:#1a1a1a}rect{fill:#1a1a1a}g{filter:invert(.9)hue-rotate(180deg)}}"
                  "</style>\n"
               << R"(<rect width="100%" height="100%" fill="white"/>)"
-              << "\n";
+              << "\n<g>\n";
     }
 
     void line(const Points& points, const std::string& colour, double thickness,
@@ -97,7 +98,7 @@ public:
     void save(const std::string& file) const {
         std::ofstream out(file, std::ios::binary);
         if (!out) throw std::runtime_error(file + ": " + std::strerror(errno));
-        out << body_.str() << "</svg>\n";
+        out << body_.str() << "</g>\n</svg>\n";
         out.close();
         if (!out) {
             const std::string reason = std::strerror(errno);
