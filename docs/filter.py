@@ -41,7 +41,7 @@ def page(path):
     def prose(text):
         # Doxygen emphasises nothing that begins with code or a bracket.
         text = re.sub(r"\*\*(`[^*]*)\*\*", r"<b>\1</b>", text)
-        text = re.sub(r"\*([(`][^*]*)\*", r"<em>\1</em>", text)
+        text = re.sub(r"(?<!\*)\*([(`[][^*]*)\*", r"<em>\1</em>", text)
         text = re.sub(r"(?<!!)\[([^]]*)\]\(([^)]*)\)", lambda m: link(path, m), text)
         return re.sub(r"^(#+) (.*)$", heading, text, flags=re.M)
 
