@@ -66,6 +66,7 @@ FAMILIES = {
     "Curves": "Curves",
     "Arrays": "Batch",
     "Conversions": "Convert",
+    "Standard library": "Format Hash Span Unpack",
     "Tolerances": "Tolerance",
 }
 DELETED = r"(^ *///(?! ?@).*\n)*(^ *template <.*>\n)?^ *(?=[^/\s])[^;{}]*= delete;.*\n(^ *///<.*\n)*"
@@ -88,6 +89,7 @@ def header(path):
         return text + "".join(f"/// @defgroup {slug(title)} {title}\n" for title in FAMILIES)
     for group in family(path.stem) if "namespace" in text else ():
         begin, end = f"\n/// @addtogroup {group}\n/// @{{\n", "\n/// @}\n"
+        text = text.replace("/// @file\n", f"/// @file\n/// @ingroup {group}\n")
         text = re.sub(r"^namespace (Ky|KyMath) {$", rf"\g<0>{begin}", text, flags=re.M)
         text = re.sub(r"^}  // namespace (Ky|KyMath)$", rf"{end}\g<0>", text, flags=re.M)
     return text.replace(" . ", " \u00b7 ")  # a dot product, not the end of a sentence

@@ -21,10 +21,10 @@ declare -A packages=(
     [lockstep]="libsleef-dev"
     [examples]="libpng-dev libcli11-dev"
     [peers]="libeigen3-dev libglm-dev libimath-dev libbullet-dev libassimp-dev assimp-testmodels"
-    [tests]="libmpfr-dev libgtest-dev librapidcheck-dev libeigen3-dev pkg-config abigail-tools xz-utils gdb python3 qemu-user-static"
+    [tests]="libmpfr-dev libgtest-dev librapidcheck-dev libeigen3-dev libfmt-dev pkg-config abigail-tools xz-utils gdb python3 qemu-user-static"
     [module]="python3-dev python3-numpy"
     [python]="python3-dev python3-numpy python3-pytest python3-hypothesis python3-matplotlib python3-dask mypy"
-    [clang]="clang libclang-rt-dev libc++-dev libc++abi-dev llvm googletest"
+    [clang]="clang clang-19 libclang-rt-dev libc++-dev libc++abi-dev llvm googletest"
     [lint]="clang-format clang-tidy reuse"
     [docs]="doxygen doxygen-awesome-css python3"
     [packages]="dpkg-dev lintian pkg-config"
@@ -39,14 +39,25 @@ if ! command -v apt-get >/dev/null; then
 fi
 missing=$(comm -23 <(echo "$needed") \
     <(dpkg-query -W -f '${db:Status-Status} ${Package}\n' | sed -n 's/^installed //p' | sort -u) | xargs)
-[[ $missing ]] || exit 0
-install="apt-get install -y --no-install-recommends $missing"
-((EUID == 0)) || stop "packages are missing. As root: apt-get update && $install"
-
-echo "== Installing $missing"
 log=$(mktemp)
 trap 'rm -f "$log"' EXIT
-export DEBIAN_FRONTEND=noninteractive
 apt() { apt-get -qq -o DPkg::Lock::Timeout=300 -o Dpkg::Use-Pty=0 "$@" >>"$log" 2>&1; }
-apt update || true # lists that are there may do
-apt ${install#apt-get } || { grep "^E:" "$log" | head -n 3 >&2; stop "cannot install these: is there a network?"; }
+without() { grep "^E:" "$log" | head -n 3 >&2; stop "cannot $1: is there a network?"; }
+if [[ $missing ]]; then
+    install="apt-get install -y --no-install-recommends $missing"
+    ((EUID == 0)) || stop "packages are missing. As root: apt-get update && $install"
+    echo "== Installing $missing"
+    export DEBIAN_FRONTEND=noninteractive
+    apt update || true # lists that are there may do
+    apt ${install#apt-get } || without "install these"
+fi
+
+# The libc++ that has std::format cannot be installed beside libc++-dev: it is only unpacked.
+libcxx=$root/build/libc++-19
+if [[ " $* " == *" clang "* && ! -d $libcxx ]]; then
+    mkdir -p "$libcxx.new"
+    cd "$libcxx.new"
+    apt download libc++-19-dev libc++abi-19-dev || without "download libc++-19-dev"
+    for package in *.deb; do dpkg-deb -x "$package" .; done
+    mv "$libcxx.new" "$libcxx"
+fi
