@@ -204,7 +204,7 @@ void measure(Random& random, Table& table) {
     add("and back, getRotationAsQuaternionT",
         values(Transformation::getRotationAsQuaternionT(rounded<T>(argument), false)), exact);
 
-    const Vector3T<T> scale(random.uniform(T(0.1), T(10)), random.uniform(T(0.1), T(10)), 1);
+    const Vector3T<T> scale = {random.uniform(T(0.1), T(10)), random.uniform(T(0.1), T(10)), 1};
     const Vector3T<T> position = random.vector(T(10));
     Rows placement = product(turn, diagonal(scale.x(), scale.y(), scale.z()));
     for (int i = 0; i < 3; ++i) placement[std::size_t(i)][3] = position[i];
