@@ -22,7 +22,9 @@
 
 #include <KyMath/KyMath.h>
 
+#include <cstdint>
 #include <cstdio>
+#include <cstring>
 #include <limits>
 #include <optional>
 
@@ -74,6 +76,19 @@ std::vector<Pose> play(const Bvh& motion, double rate) {
         played.push_back(toWorld(motion, pose));
     }
     return played;
+}
+
+// All numbers of all poses in one, which tells whether two runs agree to the last bit.
+std::uint64_t digestOf(const std::vector<Pose>& poses) {
+    std::uint64_t digest = 0;
+    for (const Pose& pose : poses) {
+        for (const KyTransform& joint : pose) {
+            std::uint64_t bits[16];
+            std::memcpy(bits, &joint[0][0], sizeof bits);
+            for (const std::uint64_t b : bits) digest = (digest ^ b) * 0x9e3779b97f4a7c15;
+        }
+    }
+    return digest;
 }
 
 // 3. The checks --------------------------------------------------------------------------------
@@ -334,6 +349,8 @@ int run(CLI::App& app, int argc, char** argv) {
                     counted(motion.dropped, "line").c_str());
     }
     std::printf("  played at %g Hz: %s\n", rate, counted(played.size(), "frame").c_str());
+    std::printf("  digest of all poses: %016llx\n",
+                static_cast<unsigned long long>(digestOf(played)));
 
     Checks checks = {motion};
     for (const Pose& pose : played) checks.addPose(pose);
