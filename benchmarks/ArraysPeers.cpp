@@ -53,6 +53,31 @@ void addAll() {
     const auto* const iMoves = load<Imath::Matrix44<T>>(moves);
     KY_PEER_LOOP(T, "box transform", Eigen, eBoxes[i].transformed(*eMoves));
     KY_PEER_LOOP(T, "box transform", Imath, Imath::transform(iBoxes[i], *iMoves));
+
+    const auto* const iFrom = load<I3>(origins);
+    const auto* const iAlong = load<I3>(directions);
+    const auto metBox = [=](const I3& from, const I3& along, const Imath::Box<I3>& box) {
+        Imath::Line3<T> line;  // the library's direction may have any length
+        line.pos = from;
+        line.dir = along;
+        I3 entry, exit;
+        return Imath::findEntryAndExitPoints(line, box, entry, exit) ? exit : I3(0);
+    };
+    KY_PEER_LOOP(T, "line and boxes", Imath, metBox(iFrom[0], iAlong[0], iBoxes[i]));
+    KY_PEER_LOOP(T, "lines and a box", Imath, metBox(iFrom[i], iAlong[i], iBoxes[0]));
+    const auto* const gFrom = load<G3>(origins);
+    const auto* const gAlong = load<G3>(directions);
+    const auto metTriangle = [=](std::size_t line, const G3* corners) {
+        glm::vec<2, T> weights;
+        T t = 0;
+        return glm::intersectRayTriangle(gFrom[line], gAlong[line], corners[0], corners[1],
+                                         corners[2], weights, t)
+                   ? t
+                   : T(0);
+    };
+    const auto* const gCorners = load<G3>(inputs);
+    KY_PEER_LOOP(T, "line and triangles", GLM, metTriangle(0, gCorners + 3 * i));
+    KY_PEER_LOOP(T, "lines and a triangle", GLM, metTriangle(i, gCorners));
 }
 
 }  // namespace

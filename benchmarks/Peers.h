@@ -12,6 +12,8 @@
 #include <Imath/ImathEuler.h>
 #include <Imath/ImathFrustum.h>
 #include <Imath/ImathFrustumTest.h>
+#include <Imath/ImathLine.h>
+#include <Imath/ImathLineAlgo.h>
 #include <Imath/ImathMatrix.h>
 #include <Imath/ImathMatrixAlgo.h>
 #include <Imath/ImathPlane.h>
@@ -23,6 +25,7 @@
 #include <glm/glm.hpp>
 #include <glm/gtc/quaternion.hpp>
 #include <glm/gtx/euler_angles.hpp>
+#include <glm/gtx/intersect.hpp>
 #include <glm/gtx/matrix_decompose.hpp>
 #include <glm/gtx/quaternion.hpp>
 
