@@ -57,6 +57,7 @@ libcxx=$root/build/libc++-19
 if [[ " $* " == *" clang "* && ! -d $libcxx ]]; then
     mkdir -p "$libcxx.new"
     cd "$libcxx.new"
+    apt update || true
     apt download libc++-19-dev libc++abi-19-dev || without "download libc++-19-dev"
     for package in *.deb; do dpkg-deb -x "$package" .; done
     mv "$libcxx.new" "$libcxx"

@@ -12,7 +12,7 @@
 ///
 ///     quaternion      (w = 1, x = 0, y = 0, z = 0)
 ///     matrix          a line for each row, without a line end after the last
-///     Euler angles    eXYZs (0.5, 0, -1)
+///     Euler angles    eXYZs (0.5, 0, -1); eXYZs | eNegated; order 64, if it has no name
 ///     box             min (0, 0, 0), max (1, 1, 1)
 ///     sphere          center (0, 0, 0), radius 1
 ///     line, segment   p1 (0, 0, 0), p2 (1, 1, 1)
@@ -32,6 +32,8 @@
 #include <KyMath/Polytope.h>
 #include <KyMath/Quaternion.h>
 #include <KyMath/Vectors.h>
+
+#include <cstdio>
 
 #if __cplusplus > 201703L
 #include <version>
@@ -136,8 +138,10 @@ private:
                                      "eYXZs", "eZXYr", "eYXYs", "eYXYr", "eZXYs", "eYXZr",
                                      "eZXZs", "eZXZr", "eZYXs", "eXYZr", "eZYZs", "eZYZr"};
         const unsigned int name = code & ~negated;
-        *this << (name < 24 ? names[name] : "unknown order");
-        return *this << (code & negated ? " | eNegated" : "");
+        if (name < 24) return *this << names[name] << (code & negated ? " | eNegated" : "");
+        char number[16];
+        std::snprintf(number, sizeof number, "order %d", static_cast<int>(code));
+        return *this << number;
     }
 
     const Number& number_;

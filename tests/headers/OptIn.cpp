@@ -51,10 +51,10 @@ void format() {
     expect(rows, TEXT::format("{}", t.toMatrix44()));
     expect("eZYXr (0.5, 0.0, -1.0)",
            TEXT::format("{:.1f}", KyEulerAngles(0.5, 0, -1, KyEulerAngles::eZYXr)));
-    expect("eZYZr | eNegated (0, 0, 0) unknown order (0, 0, 0)",
+    expect("eZYZr | eNegated (0, 0, 0) order -9 (0, 0, 0)",
            TEXT::format("{} {}",
                         KyEulerAngles(0, 0, 0, KyEulerAngles::eZYZr | KyEulerAngles::eNegated),
-                        KyEulerAngles(0, 0, 0, KyEulerAngles::eEulerOrder(24))));
+                        KyEulerAngles(0, 0, 0, KyEulerAngles::eEulerOrder(-9))));
     expect("min (0, 0, 0), max (1, 2, 3)", TEXT::format("{}", BoundingBoxf(0, 0, 0, 1, 2, 3)));
     expect("center (1, 2, 3), radius 4", TEXT::format("{}", BoundingSphere(Vector3d(1, 2, 3), 4)));
     expect("(1, 0, 0, 2.5)", TEXT::format("{}", Planed(1, 0, 0, 2.5)));
