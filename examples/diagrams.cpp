@@ -7,6 +7,7 @@
 //   memory.svg    sixteen values in memory, and as rows and columns
 //   corners.svg   numbers of the corners of a box, sides of a plane, boxes against a plane
 //   masks.svg     a walk down a tree of boxes, with the planes that remain to be tested
+//   region.svg    boxes inside a region, across its edge, outside, and beyond a corner
 //
 // What they show comes from the library: positions, numbers, sides, masks.
 
@@ -371,13 +372,58 @@ void drawMasks() {
     svg.save("masks.svg");
 }
 
+// A region ---------------------------------------------------------------------------------------
+
+void drawRegion() {
+    const Vector3d corners[] = {{-3, 0, 0}, {3, -2, 0}, {3, 2, 0}};
+    const struct {
+        const char *name, *where;
+        BoundingBoxd box;
+    } things[] = {{"A", "inside", {0.6, -0.5, -1, 1.8, 0.5, 1}},
+                  {"B", "across an edge", {-2.2, 0.1, -1, -1, 0.9, 1}},
+                  {"C", "outside", {-1.6, -2, -1, -0.2, -1.2, 1}},
+                  {"D", "outside, near a corner", {2.7, 2.05, -1, 4.1, 2.7, 1}}};
+    Svg svg(900, 300);
+    const Space map = {svg, {235, 165, 0}, Quaterniond(), 50};
+    Polytope region;
+    for (int i = 0; i < 3; ++i) {  // upright planes through neighbouring corners
+        region.add(Planed(corners[i], corners[(i + 1) % 3], corners[i] - kZ));
+    }
+    map.area({corners[0], corners[1], corners[2]}, kGrey, 0.15);
+    for (int i = 0; i < 3; ++i) {
+        const Vector3d along = corners[(i + 1) % 3] - corners[i];
+        map.line({corners[i] - along, corners[i] + along * 2}, kPale, 1);
+        map.line({corners[i], corners[i] + along}, kInk, 2);
+    }
+    double y = 96;
+    svg.label({500, y - 32, 0}, "box", 14, kGrey);
+    svg.label({720, y - 32, 0}, "contains", 14, kGrey);
+    svg.label({800, y - 32, 0}, "in the mask", 14, kGrey);
+    for (const auto& [name, where, box] : things) {
+        const bool seen = region.contains(box);
+        const unsigned mask = seen ? region.getCurrentMask() : 0;
+        const std::string& colour = !seen ? kRed : mask ? kAmber : kGreen;
+        map.area({box.corner(0), box.corner(1), box.corner(3), box.corner(2)}, colour, 0.4);
+        map.label(box.center(), {0, 5, 0}, name, kInk);
+        svg.label({508, y, 0}, name, 15, kInk);
+        svg.label({720, y, 0}, seen ? "true" : "false", 15, colour);
+        const unsigned across = (mask & 1) + (mask >> 1 & 1) + (mask >> 2 & 1);
+        svg.label({800, y, 0}, seen ? counted(across, "plane") : "-", 15, colour);
+        svg.label({545, y, 0}, where, 14, kInk);
+        y += 32;
+    }
+    svg.label({500, 250, 0}, "No single plane has all of D outside.", 14, kGrey);
+    svg.save("region.svg");
+}
+
 int run(CLI::App& app, int argc, char** argv) {
     parseOptions(app, argc, argv);
     drawSpaces();
     drawMemory();
     drawCornersAndSides();
     drawMasks();
-    std::printf("wrote spaces.svg, memory.svg, corners.svg, masks.svg\n");
+    drawRegion();
+    std::printf("wrote spaces.svg, memory.svg, corners.svg, masks.svg, region.svg\n");
     return 0;
 }
 
