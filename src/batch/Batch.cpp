@@ -8,8 +8,8 @@
 #include <KyMath/Matrix.h>
 #include <KyMath/Plane.h>
 #include <KyMath/Polytope.h>
+#include <KyMath/inline/Components.h>
 
-#include "bounds/Mask.h"
 #include "lanes/Kernels.h"
 
 namespace KyMath::Batch {
@@ -123,13 +123,13 @@ namespace {
 
 /// The planes of a region that its mask can name, and the mask on top of its stack.
 struct CullPlanes {
-    internal::CullPlane<double> planes[internal::kMaskBits];
+    internal::CullPlane<double> planes[internal::maskBits()];
     unsigned int mask;
 
     explicit CullPlanes(const Polytope& region) : mask(region.getMaskStack().back()) {
-        const std::size_t count = internal::maskedPlanes(region.getPlanes());
+        const std::size_t count = internal::maskedPlanes(region.getPlanes().size());
         for (std::size_t i = 0; i < count; ++i) planes[i] = cullPlaneOf(region.getPlanes()[i]);
-        if (count < internal::kMaskBits) mask &= (1u << count) - 1;
+        if (count < internal::maskBits()) mask &= (1u << count) - 1;
     }
 };
 

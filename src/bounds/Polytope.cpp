@@ -6,7 +6,6 @@
 #include <KyMath/BoundingBox.h>
 #include <KyMath/Matrix.h>
 
-#include "bounds/Mask.h"
 #include "internal/Arithmetic.h"
 
 #include <cstddef>
@@ -91,24 +90,9 @@ void Polytope::setToBoundingBox(const BoundingBoxT<double>& box) {
 // is ever read. Pinned by PolytopeTest.EveryChangePushesAFullMask.
 void Polytope::setupMask() {
     const std::size_t n = planes_.size();
-    const unsigned int all = n < internal::kMaskBits ? (1u << n) - 1 : ~0u;
+    const unsigned int all = n < internal::maskBits() ? (1u << n) - 1 : ~0u;
     maskStack_.push_back(all);
     currentMask_ = all;
-}
-
-bool Polytope::contains(const BoundingBoxT<double>& box) {
-    const unsigned int top = maskStack_.back();
-    if (top == 0) return true;
-    currentMask_ = top;
-    const std::size_t count = internal::maskedPlanes(planes_);
-    for (std::size_t i = 0; i < count; ++i) {
-        const unsigned int bit = 1u << i;
-        if ((currentMask_ & bit) == 0) continue;
-        const int side = planes_[i].intersect(box);
-        if (side < 0) return false;
-        if (side > 0) currentMask_ ^= bit;
-    }
-    return true;
 }
 
 void Polytope::transformProvidingInverse(const Matrix44T<double>& m) {

@@ -156,6 +156,14 @@ void others(Run& run) {
     const BoundingSphere& constant = s;
     run.add(constant.center()), run.add(constant.radius()), run.add(s.valid() || empty.valid());
 
+    Polytope& region = run.in.polytope();
+    for (int i = 0; i < 2; ++i) {
+        run.add(region.contains(run.draw<BoundingBoxT<double>>())), region.pushCurrentMask();
+    }
+    region.popCurrentMask(), run.add(region.contains(run.draw<BoundingBoxT<double>>()));
+    run.add(region.getCurrentMask()), run.add(region.getMaskStack().size());
+    run.add(region.getPlanes().size());
+
     const Line3 line(p, q), null;
     const Segment3 segment(q, r), nothing;
     run.add(line.isValid() || null.isValid() || nothing.isValid()),

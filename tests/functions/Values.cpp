@@ -275,6 +275,11 @@ void Inputs::draw(Polytope& polytope) {
         polytope.pushCurrentMask();
     }
 }
+Polytope& Inputs::polytope() {
+    static Polytope polytope;
+    draw(polytope);
+    return polytope;
+}
 void Inputs::draw(Frustum& frustum) {
     Matrix44f view, projection;
     draw(view);

@@ -69,6 +69,7 @@ public:
     void draw(PlaneT<T>& plane);
     void draw(BoundingSphere& sphere);
     void draw(Polytope& polytope);
+    Polytope& polytope();  ///< Drawn anew at each call, for callers that shall not construct one.
     void draw(Frustum& frustum);
     void draw(Line3& line);
     void draw(Ky::KyEulerAngles& angles);

@@ -59,6 +59,16 @@ KY_HELPER constexpr T largest() {
     return sizeof(T) == sizeof(float) ? T(__FLT_MAX__) : T(__DBL_MAX__);
 }
 
+/// Bit i of the mask of a polytope stands for plane i.
+KY_HELPER constexpr unsigned long maskBits() {
+    return 8 * sizeof(unsigned int);
+}
+// Deliberate: planes beyond the bits of a mask are never tested. Pinned by
+// PolytopeTest.PlanesBeyondThirtyTwoAreNeverTested.
+KY_HELPER constexpr unsigned long maskedPlanes(unsigned long planes) {
+    return planes < maskBits() ? planes : maskBits();
+}
+
 /// A register of every processor, as values in memory. Packed: Clang forgets the alignment of a
 /// vector type that depends on a template.
 template <class T>

@@ -3,7 +3,8 @@
 #ifndef KYMATH_INLINE_POLYTOPE_H
 #define KYMATH_INLINE_POLYTOPE_H
 
-#include <KyMath/inline/Mode.h>
+#include <KyMath/BoundingBox.h>
+#include <KyMath/inline/Components.h>
 
 #ifdef KYMATH_INLINE
 #pragma GCC system_header
@@ -30,6 +31,25 @@ KY_SMALL_PLAIN unsigned int Polytope::getCurrentMask() const {
 KY_SMALL_PLAIN const std::vector<unsigned int>& Polytope::getMaskStack() const {
     return maskStack_;
 }
+
+#if KY_INLINE_ARITHMETIC
+
+KY_SMALL_PLAIN bool Polytope::contains(const BoundingBoxT<double>& box) {
+    const unsigned int top = maskStack_.back();
+    if (top == 0) return true;
+    currentMask_ = top;
+    const unsigned long count = internal::maskedPlanes(planes_.size());
+    for (unsigned long i = 0; i < count; ++i) {
+        const unsigned int bit = 1u << i;
+        if ((currentMask_ & bit) == 0) continue;
+        const int side = planes_[i].intersect(box);
+        if (side < 0) return false;
+        if (side > 0) currentMask_ ^= bit;
+    }
+    return true;
+}
+
+#endif
 
 #endif
 
