@@ -8,6 +8,7 @@
 #include <KyMath/Matrix.h>
 #include <KyMath/Plane.h>
 #include <KyMath/Polytope.h>
+#include <KyMath/Quaternion.h>
 #include <KyMath/inline/Components.h>
 
 #include "lanes/Kernels.h"
@@ -60,6 +61,25 @@ template <class T>
 void normalize(const Vector3T<T>* in, Vector3T<T>* out, std::size_t count, std::size_t inStride,
                std::size_t outStride) {
     KY_WIDE_KERNEL(normalized<T>(valuesOf<T>(in, inStride), valuesOf<T>(out, outStride), count));
+}
+
+template <class T>
+void multiply(const QuaternionT<T>* a, const QuaternionT<T>* b, QuaternionT<T>* out,
+              std::size_t count, std::size_t aStride, std::size_t bStride, std::size_t outStride) {
+    KY_WIDE_KERNEL(quaternionProducts<T>(valuesOf<T>(a, aStride), valuesOf<T>(b, bStride),
+                                         valuesOf<T>(out, outStride), count));
+}
+template <class T>
+void rotate(const QuaternionT<T>* q, const Vector3T<T>* in, Vector3T<T>* out, std::size_t count,
+            std::size_t qStride, std::size_t inStride, std::size_t outStride) {
+    KY_WIDE_KERNEL(rotatedByEach<T>(valuesOf<T>(q, qStride), valuesOf<T>(in, inStride),
+                                    valuesOf<T>(out, outStride), count));
+}
+template <class T>
+void normalize(const QuaternionT<T>* in, QuaternionT<T>* out, std::size_t count,
+               std::size_t inStride, std::size_t outStride) {
+    KY_WIDE_KERNEL(
+        normalizedQuaternions<T>(valuesOf<T>(in, inStride), valuesOf<T>(out, outStride), count));
 }
 
 void transformPoints(const Ky::KyTransform& m, const Vector3T<double>* in, Vector3T<double>* out,
@@ -168,6 +188,12 @@ void cullTree(const Polytope& region, const BoundingBoxT<double>* boxes,
                         std::size_t, std::size_t, std::size_t);                                   \
     template void norm(const Vector3T<T>*, T*, std::size_t, std::size_t, std::size_t);            \
     template void normalize(const Vector3T<T>*, Vector3T<T>*, std::size_t, std::size_t,           \
+                            std::size_t);                                                         \
+    template void multiply(const QuaternionT<T>*, const QuaternionT<T>*, QuaternionT<T>*,         \
+                           std::size_t, std::size_t, std::size_t, std::size_t);                   \
+    template void rotate(const QuaternionT<T>*, const Vector3T<T>*, Vector3T<T>*, std::size_t,    \
+                         std::size_t, std::size_t, std::size_t);                                  \
+    template void normalize(const QuaternionT<T>*, QuaternionT<T>*, std::size_t, std::size_t,     \
                             std::size_t);                                                         \
     template void inverse(const Matrix44T<T>*, Matrix44T<T>*, std::size_t, std::size_t,           \
                           std::size_t);                                                           \

@@ -23,11 +23,6 @@ template <class Op, class Out, class... In>
 void each(std::size_t count, Op op, Strided<Out> out, Strided<In>... in) {
     for (std::size_t i = 0; i < count; ++i) *at(out, i) = op(*at(in, i)...);
 }
-template <class V>
-V normalizedCopy(V v) {
-    v.normalize();
-    return v;
-}
 
 }  // namespace
 
@@ -46,23 +41,6 @@ void planeNormals(const Vector3T<T>* a, const Vector3T<T>* b, const Vector3T<T>*
 }
 
 template <class T>
-void multiply(const QuaternionT<T>* a, const QuaternionT<T>* b, QuaternionT<T>* out,
-              std::size_t count, std::size_t aStride, std::size_t bStride, std::size_t outStride) {
-    using Q = QuaternionT<T>;
-    each(
-        count, [](const Q& p, const Q& q) { return p * q; }, Strided<Q>{out, outStride},
-        Strided<const Q>{a, aStride}, Strided<const Q>{b, bStride});
-}
-template <class T>
-void rotate(const QuaternionT<T>* q, const Vector3T<T>* in, Vector3T<T>* out, std::size_t count,
-            std::size_t qStride, std::size_t inStride, std::size_t outStride) {
-    using Q = QuaternionT<T>;
-    using V = Vector3T<T>;
-    each(
-        count, [](const Q& p, const V& v) { return p.rotate(v); }, Strided<V>{out, outStride},
-        Strided<const Q>{q, qStride}, Strided<const V>{in, inStride});
-}
-template <class T>
 void slerp(const QuaternionT<T>* a, const QuaternionT<T>* b, const T* t, QuaternionT<T>* out,
            std::size_t count, std::size_t aStride, std::size_t bStride, std::size_t tStride,
            std::size_t outStride) {
@@ -72,13 +50,6 @@ void slerp(const QuaternionT<T>* a, const QuaternionT<T>* b, const T* t, Quatern
         Strided<Q>{out, outStride}, Strided<const Q>{a, aStride}, Strided<const Q>{b, bStride},
         Strided<const T>{t, tStride});
 }
-template <class T>
-void normalize(const QuaternionT<T>* in, QuaternionT<T>* out, std::size_t count,
-               std::size_t inStride, std::size_t outStride) {
-    using Q = QuaternionT<T>;
-    each(count, normalizedCopy<Q>, Strided<Q>{out, outStride}, Strided<const Q>{in, inStride});
-}
-
 template <class T>
 void createRotations(const QuaternionT<T>* in, Matrix44T<T>* out, std::size_t count,
                      std::size_t inStride, std::size_t outStride) {
@@ -140,14 +111,8 @@ void classify(const PlaneT<T>& plane, const Vector3T<T>* centers, const T* radii
     template void planeNormals(const Vector3T<T>*, const Vector3T<T>*, const Vector3T<T>*,        \
                                Vector3T<T>*, std::size_t, std::size_t, std::size_t, std::size_t,  \
                                std::size_t);                                                      \
-    template void multiply(const QuaternionT<T>*, const QuaternionT<T>*, QuaternionT<T>*,         \
-                           std::size_t, std::size_t, std::size_t, std::size_t);                   \
-    template void rotate(const QuaternionT<T>*, const Vector3T<T>*, Vector3T<T>*, std::size_t,    \
-                         std::size_t, std::size_t, std::size_t);                                  \
     template void slerp(const QuaternionT<T>*, const QuaternionT<T>*, const T*, QuaternionT<T>*,  \
                         std::size_t, std::size_t, std::size_t, std::size_t, std::size_t);         \
-    template void normalize(const QuaternionT<T>*, QuaternionT<T>*, std::size_t, std::size_t,     \
-                            std::size_t);                                                         \
     template void createRotations(const QuaternionT<T>*, Matrix44T<T>*, std::size_t, std::size_t, \
                                   std::size_t);                                                   \
     template void createRotations(const Vector3T<T>*, Matrix44T<T>*, std::size_t, std::size_t,    \

@@ -91,11 +91,6 @@ static KY_INLINE void scatterPairs(const ValuePairs<T>& v, Address address) {
                     [&](std::size_t k) { return address(k + k / kPairs * kPairs + kPairs); });
 }
 
-template <std::size_t K, class T>
-static KY_INLINE bool isPacked(const Strided<T>& s) {
-    return s.stride == K * sizeof(T);
-}
-
 }  // namespace KyMath::internal
 
 #endif

@@ -6,6 +6,7 @@
 #define KY_ISA Isa::avx512
 #include "bounds/BoundsKernels.inc"
 #include "matrix/MatrixKernels.inc"
+#include "rotation/QuaternionKernels.inc"
 #include "transform/PointKernels.inc"
 
 namespace KyMath::internal {
@@ -23,6 +24,12 @@ namespace KyMath::internal {
                                            std::size_t);                                          \
     template void Kernels<KY_ISA>::norms(Strided<const T>, Strided<T>, std::size_t);              \
     template void Kernels<KY_ISA>::normalized(Strided<const T>, Strided<T>, std::size_t);         \
+    template void Kernels<KY_ISA>::quaternionProducts(Strided<const T>, Strided<const T>,         \
+                                                      Strided<T>, std::size_t);                   \
+    template void Kernels<KY_ISA>::rotatedByEach(Strided<const T>, Strided<const T>, Strided<T>,  \
+                                                 std::size_t);                                    \
+    template void Kernels<KY_ISA>::normalizedQuaternions(Strided<const T>, Strided<T>,            \
+                                                         std::size_t);                            \
     template void Kernels<KY_ISA>::cull(const CullPlane<T>*, unsigned int, Strided<const T>,      \
                                         unsigned char*, std::size_t);
 

@@ -91,6 +91,14 @@ struct Kernels {
     template <class T>
     static void normalized(Strided<const T> in, Strided<T> out, std::size_t n);
     template <class T>
+    static void quaternionProducts(Strided<const T> a, Strided<const T> b, Strided<T> out,
+                                   std::size_t n);
+    template <class T>
+    static void rotatedByEach(Strided<const T> q, Strided<const T> in, Strided<T> out,
+                              std::size_t n);
+    template <class T>
+    static void normalizedQuaternions(Strided<const T> in, Strided<T> out, std::size_t n);
+    template <class T>
     static void transformBoxes(const T* m, Strided<const T> in, Strided<T> out, std::size_t n);
     template <class T>
     static void matrixProducts(Strided<const T> a, Strided<const T> b, Strided<T> m, std::size_t n);

@@ -280,6 +280,18 @@ static KY_INLINE Lanes<T> flip(Lanes<T> v, LaneBits<T> signs) {
     return reinterpret_cast<Lanes<T>>(reinterpret_cast<LaneBits<T>>(v) ^ signs);
 }
 
+/// Changes the sign of the first lane of each group of four.
+template <class T, class V, std::size_t... Lane>
+static KY_INLINE V flipFirst(V v, std::index_sequence<Lane...>) {
+    typedef typename LaneTypes<T, sizeof...(Lane)>::Bits Bits;
+    constexpr Bits signs = {(Lane % 4 == 0 ? kSign<T> : 0)...};
+    return reinterpret_cast<V>(reinterpret_cast<Bits>(v) ^ signs);
+}
+template <class T, class V>
+static KY_INLINE V flipFirst(V v) {
+    return flipFirst<T>(v, std::make_index_sequence<sizeof v / sizeof v[0]>());
+}
+
 /// A matrix of sixteen values, element (r, c) at 4c + r: row r of each column is in lane r.
 template <class T>
 struct Columns {
@@ -306,6 +318,17 @@ static KY_INLINE void transpose(Columns<T>& m) {
     m.c[1] = __builtin_shufflevector(b, e, 0, 1, 4, 5);
     m.c[2] = __builtin_shufflevector(a, d, 2, 3, 6, 7);
     m.c[3] = __builtin_shufflevector(b, e, 2, 3, 6, 7);
+}
+
+/// The same in each group of four lanes.
+template <class V>
+static KY_INLINE void transposeGroups(V (&v)[4]) {
+    const V a = shuffle<0, 1, 0, 1>(v[0], v[1]), b = shuffle<0, 1, 0, 1>(v[2], v[3]);
+    const V c = shuffle<2, 3, 2, 3>(v[0], v[1]), d = shuffle<2, 3, 2, 3>(v[2], v[3]);
+    v[0] = shuffle<0, 2, 0, 2>(a, b);
+    v[1] = shuffle<1, 3, 1, 3>(a, b);
+    v[2] = shuffle<0, 2, 0, 2>(c, d);
+    v[3] = shuffle<1, 3, 1, 3>(c, d);
 }
 
 // The product of a matrix and a vector, in its one order of terms. One vector at a time has row r
