@@ -129,9 +129,9 @@ static KY_INLINE Wide<T> loadInEachGroup(const T* p) {
     static_assert(kWide<T> >= 4, "has a group");
 #if defined(__AVX512DQ__)
     if constexpr (sizeof(T) == sizeof(float)) {
-        return reinterpret_cast<Wide<T>>(_mm512_broadcast_f32x4(_mm_loadu_ps(p)));
+        return reinterpret_cast<Wide<T>>(_mm512_maskz_broadcast_f32x4(0xffff, _mm_loadu_ps(p)));
     } else {
-        return reinterpret_cast<Wide<T>>(_mm512_broadcast_f64x4(_mm256_loadu_pd(p)));
+        return reinterpret_cast<Wide<T>>(_mm512_maskz_broadcast_f64x4(0xff, _mm256_loadu_pd(p)));
     }
 #elif defined(__AVX__)
     if constexpr (sizeof(T) == sizeof(float)) {
