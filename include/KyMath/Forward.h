@@ -196,19 +196,19 @@ std::ostream& operator<<(std::ostream&, internal::Shape) KY_DELETED("see KyMath/
 /// @name Not between vectors of different types, or a vector and a quaternion
 /// @{
 template <class U, class V, internal::If<internal::AreUnlike<U, V>::value> = 0>
-bool operator==(const U&, const V&) KY_DELETED("it would compare addresses");
+bool operator==(const U&, const V&) KY_DELETED("the types differ: it would compare addresses");
 template <class U, class V, internal::If<internal::AreUnlike<U, V>::value> = 0>
-bool operator!=(const U&, const V&) KY_DELETED("it would compare addresses");
+bool operator!=(const U&, const V&) KY_DELETED("the types differ: it would compare addresses");
 template <class U, class V, internal::If<internal::AreUnlike<U, V>::value> = 0>
-bool operator<(const U&, const V&) KY_DELETED("it would compare addresses");
+bool operator<(const U&, const V&) KY_DELETED("the types differ: it would compare addresses");
 template <class U, class V, internal::If<internal::AreUnlike<U, V>::value> = 0>
-bool operator>(const U&, const V&) KY_DELETED("it would compare addresses");
+bool operator>(const U&, const V&) KY_DELETED("the types differ: it would compare addresses");
 template <class U, class V, internal::If<internal::AreUnlike<U, V>::value> = 0>
-bool operator<=(const U&, const V&) KY_DELETED("it would compare addresses");
+bool operator<=(const U&, const V&) KY_DELETED("the types differ: it would compare addresses");
 template <class U, class V, internal::If<internal::AreUnlike<U, V>::value> = 0>
-bool operator>=(const U&, const V&) KY_DELETED("it would compare addresses");
+bool operator>=(const U&, const V&) KY_DELETED("the types differ: it would compare addresses");
 template <class U, class V, internal::If<internal::AreUnlike<U, V>::value> = 0>
-void operator-(const U&, const V&) KY_DELETED("it would subtract addresses");
+void operator-(const U&, const V&) KY_DELETED("the types differ: it would subtract addresses");
 /// @}
 
 }  // namespace KyMath
