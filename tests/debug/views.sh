@@ -29,8 +29,8 @@ done
 
 # Where gdb looks for the views of a system's own libraries, and nothing beside these.
 DESTDIR=$work/system cmake --install "$build" --prefix /usr >/dev/null
-(cd "$work/system" && find usr -name '*-gdb.py' >"$work/found" &&
-    diff - "$work/found" <<<"usr/share/gdb/auto-load/$(find usr -name 'libKyMath.so.?.?.?')-gdb.py")
+(cd "$work/system" && diff <(find usr -name '*-gdb.py' | sort) \
+    <(find usr -name '*.so.?.?.?' -printf 'usr/share/gdb/auto-load/%p-gdb.py\n' | sort))
 
 LD_LIBRARY_PATH=$built "${debug[@]}" -iex "add-auto-load-safe-path $built" -ex up -ex "set \$natvis = \"$(find "$work/prefix" -name '*.natvis')\"" \
     -x "$here/natvis.py" "$program" >"$work/natvis" 2>&1 || true
