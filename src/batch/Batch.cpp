@@ -125,7 +125,7 @@ void multiply(const Matrix44T<T>& a, const Matrix44T<T>* b, Matrix44T<T>* out, s
 template <class T>
 void inverse(const Matrix44T<T>* in, Matrix44T<T>* out, std::size_t count, std::size_t inStride,
              std::size_t outStride) {
-    KY_KERNEL(inverses<T>(valuesOf<T>(in, inStride), valuesOf<T>(out, outStride), count));
+    KY_WIDE_KERNEL(inverses<T>(valuesOf<T>(in, inStride), valuesOf<T>(out, outStride), count));
 }
 void compound(const Ky::KyTransform* a, const Ky::KyTransform* b, Ky::KyTransform* out,
               std::size_t count) {

@@ -10,7 +10,7 @@
 
 #include "lanes/Kernels.h"
 
-// Array calls that are loops over single calls.
+// Array calls that are loops over single calls, at least for the last elements.
 
 namespace KyMath::Batch {
 
@@ -22,6 +22,15 @@ using internal::Strided;
 template <class Op, class Out, class... In>
 void each(std::size_t count, Op op, Strided<Out> out, Strided<In>... in) {
     for (std::size_t i = 0; i < count; ++i) *at(out, i) = op(*at(in, i)...);
+}
+template <class T, class V>
+Strided<T> valuesOf(V* elements, std::size_t stride) {
+    return {reinterpret_cast<T*>(elements), stride};
+}
+/// Elements i, i + 1 and so on.
+template <class V>
+Strided<V> from(std::size_t i, V* elements, std::size_t stride) {
+    return {at(Strided<V>{elements, stride}, i), stride};
 }
 
 }  // namespace
@@ -54,9 +63,11 @@ template <class T>
 void createRotations(const QuaternionT<T>* in, Matrix44T<T>* out, std::size_t count,
                      std::size_t inStride, std::size_t outStride) {
     using Q = QuaternionT<T>;
+    const std::size_t done = KY_WIDE_KERNEL(
+        rotationMatrices<T>(valuesOf<const T>(in, inStride), valuesOf<T>(out, outStride), count));
     each(
-        count, [](const Q& q) { return Transformation::createRotationT(q); },
-        Strided<Matrix44T<T>>{out, outStride}, Strided<const Q>{in, inStride});
+        count - done, [](const Q& q) { return Transformation::createRotationT(q); },
+        from(done, out, outStride), from(done, in, inStride));
 }
 template <class T>
 void createRotations(const Vector3T<T>* in, Matrix44T<T>* out, std::size_t count,
@@ -73,7 +84,13 @@ void getRotationsAsQuaternions(const Matrix44T<T>* in, bool removeScale, Quatern
     const auto rotation = [=](const M& m) {
         return Transformation::getRotationAsQuaternionT(m, removeScale);
     };
-    each(count, rotation, Strided<QuaternionT<T>>{out, outStride}, Strided<const M>{in, inStride});
+    std::size_t done = 0;
+    // In lanes all cases cost, which two lanes would not make up for.
+    if (!removeScale && (sizeof(T) == sizeof(float) || internal::hasAvx2)) {
+        done = KY_WIDE_KERNEL(rotationQuaternions<T>(valuesOf<const T>(in, inStride),
+                                                     valuesOf<T>(out, outStride), count));
+    }
+    each(count - done, rotation, from(done, out, outStride), from(done, in, inStride));
 }
 template <class T>
 void getRotations(const Matrix44T<T>* in, bool normalize, Vector3T<T>* out, std::size_t count,

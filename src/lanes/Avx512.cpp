@@ -30,6 +30,11 @@ namespace KyMath::internal {
                                                  std::size_t);                                    \
     template void Kernels<KY_ISA>::normalizedQuaternions(Strided<const T>, Strided<T>,            \
                                                          std::size_t);                            \
+    template std::size_t Kernels<KY_ISA>::rotationMatrices(Strided<const T>, Strided<T>,          \
+                                                           std::size_t);                          \
+    template std::size_t Kernels<KY_ISA>::rotationQuaternions(Strided<const T>, Strided<T>,       \
+                                                              std::size_t);                       \
+    template void Kernels<KY_ISA>::inverses(Strided<const T>, Strided<T>, std::size_t);           \
     template void Kernels<KY_ISA>::cull(const CullPlane<T>*, unsigned int, Strided<const T>,      \
                                         unsigned char*, std::size_t);
 

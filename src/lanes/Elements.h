@@ -135,6 +135,12 @@ static KY_INLINE void storePoints(double* p, const WidePoints<double>& q) {
 
 #endif
 
+/// Column c of matrices of 16 values.
+template <class T>
+static KY_INLINE Elements<4, T> columnOf(const Strided<T>& matrices, std::size_t c) {
+    return {{matrices.first + 4 * c, matrices.stride}};
+}
+
 // As many elements as there are lanes, from i on.
 
 template <class T>

@@ -96,6 +96,12 @@ struct Kernels {
     template <class T>
     static void rotatedByEach(Strided<const T> q, Strided<const T> in, Strided<T> out,
                               std::size_t n);
+    /// As Transformation::createRotationT() of quaternions, and getRotationAsQuaternionT() of
+    /// matrices with their scale. These do whole groups, and return how many elements that is.
+    template <class T>
+    static std::size_t rotationMatrices(Strided<const T> in, Strided<T> out, std::size_t n);
+    template <class T>
+    static std::size_t rotationQuaternions(Strided<const T> in, Strided<T> out, std::size_t n);
     template <class T>
     static void normalizedQuaternions(Strided<const T> in, Strided<T> out, std::size_t n);
     template <class T>

@@ -214,6 +214,7 @@ TYPED_TEST(BatchTest, DoesLikeSingleCalls) {
     using V = Vec<T>;
     using Q = Quat<T>;
     using M = Mat<T>;
+    using namespace Transformation;
     auto& random = this->corpus;
     auto vectors = this->vectors(), others = this->vectors();
     vectors[0] = vectors[kMost - 1] = V();
@@ -227,13 +228,17 @@ TYPED_TEST(BatchTest, DoesLikeSingleCalls) {
     auto quaternions = list<Q>(quaternion);
     const auto units = list<Q>(unit), ends = list<Q>(unit);
     quaternions[1] = Q(0, 0, 0, 0);
+    quaternions[3] = Q(T(1e-9), 0, T(1e-9), 0);
+    quaternions[4][1] = kNaN<T>;
     const auto t = list<T>([&] { return std::abs(random.plain()) / 10; });
     const auto radii = list<T>([&] { return std::abs(random.plain()); });
-    const auto matrices = list<M>([&] { return random.matrix(); });
+    // Rotations of all forms, and a matrix without an inverse.
+    auto matrices = list<M>([&] { return random.matrix(); });
+    for (std::size_t i = 0; i < kMost; i += 2) matrices[i] = createRotationT(units[i]);
+    matrices[1] *= 0;
     const auto normalOf = [](const V& a, const V& b, const V& c) {
         return after(V(), [&](V& n) { V::planeNormal(a, b, c, n); });
     };
-    using namespace Transformation;
 #define EACH(name, one, ...) \
     expectEach(              \
         one, [](auto... a) { Batch::name(a...); }, __VA_ARGS__)
