@@ -32,7 +32,7 @@ bool isReal(PyObject* o) {
 }
 
 std::string nameOf(PyObject* o) {
-    Ref name(PyObject_GetAttrString(reinterpret_cast<PyObject*>(Py_TYPE(o)), "__name__"));
+    Ref name(PyType_GetName(Py_TYPE(o)));
     const char* const text = PyUnicode_AsUTF8AndSize(name.get(), nullptr);
     if (text == nullptr) throw Raised();
     return text;
@@ -40,7 +40,9 @@ std::string nameOf(PyObject* o) {
 
 /// Whatever has an array's memory, but is no single number.
 bool isArray(PyObject* o) {
-    return !isReal(o) && PyObject_HasAttrString(o, "__array_interface__");
+    // One string for ever: Python's cache of attributes would keep thousands of equal ones.
+    static PyObject* const name = Ref(PyUnicode_InternFromString("__array_interface__")).release();
+    return !isReal(o) && PyObject_HasAttr(o, name) != 0;
 }
 Ref asArray(PyObject* o) {
     static PyObject* const convert = import("numpy", "asarray");
@@ -293,7 +295,8 @@ struct Constant {
 };
 
 PyObject* readConstant(PyObject* self, PyObject*, PyObject*) {
-    return PyObject_CallMethod(reinterpret_cast<Constant*>(self)->value, "__copy__", nullptr);
+    static PyObject* const name = PyUnicode_InternFromString("__copy__");
+    return PyObject_CallMethodObjArgs(reinterpret_cast<Constant*>(self)->value, name, nullptr);
 }
 
 }  // namespace
