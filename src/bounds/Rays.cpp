@@ -144,23 +144,19 @@ void intersectBox(const Vector3T<T>* origins, const Vector3T<T>* directions,
 template <class T>
 void intersectTriangles(const Vector3T<T>& origin, const Vector3T<T>& direction,
                         const Vector3T<T>* corners, T* t, std::size_t count) {
-    for (std::size_t i = 0; i < count; ++i) {
-        const Vector3T<T>* const p = corners + 3 * i;
-        T u, v;
-        if (!intersect(origin, direction, p[0], p[1], p[2], &t[i], &u, &v)) t[i] = kInfinity<T>;
-    }
+    // Vectors are their values.
+    KY_WIDE_KERNEL(
+        meetTriangles<T>(origin, direction, reinterpret_cast<const T*>(corners), t, count));
 }
 
 template <class T>
 void intersectTriangle(const Vector3T<T>* origins, const Vector3T<T>* directions,
                        const Vector3T<T>& a, const Vector3T<T>& b, const Vector3T<T>& c, T* t,
                        std::size_t count, std::size_t stride) {
-    const Vector3T<T> corners[] = {a, b, c};
-    const internal::Strided<const Vector3T<T>> from = {origins, stride};
-    const internal::Strided<const Vector3T<T>> along = {directions, stride};
-    for (std::size_t i = 0; i < count; ++i) {
-        intersectTriangles(*at(from, i), *at(along, i), corners, &t[i], 1);
-    }
+    const T corners[] = {a[0], a[1], a[2], b[0], b[1], b[2], c[0], c[1], c[2]};
+    KY_WIDE_KERNEL(meetTriangle<T>({reinterpret_cast<const T*>(origins), stride},
+                                   {reinterpret_cast<const T*>(directions), stride}, corners, t,
+                                   count));
 }
 
 #define KY_INSTANTIATE(T)                                                                          \

@@ -5,6 +5,7 @@
 // that gain from registers of 64 bytes.
 #define KY_ISA Isa::avx512
 #include "bounds/BoundsKernels.inc"
+#include "bounds/RayKernels.inc"
 #include "matrix/MatrixKernels.inc"
 #include "rotation/QuaternionKernels.inc"
 #include "transform/PointKernels.inc"
@@ -34,6 +35,9 @@ namespace KyMath::internal {
                                                            std::size_t);                          \
     template std::size_t Kernels<KY_ISA>::rotationQuaternions(Strided<const T>, Strided<T>,       \
                                                               std::size_t);                       \
+    template void Kernels<KY_ISA>::meetTriangles(const T*, const T*, const T*, T*, std::size_t);  \
+    template void Kernels<KY_ISA>::meetTriangle(Strided<const T>, Strided<const T>, const T*, T*, \
+                                                std::size_t);                                     \
     template void Kernels<KY_ISA>::inverses(Strided<const T>, Strided<T>, std::size_t);           \
     template void Kernels<KY_ISA>::cull(const CullPlane<T>*, unsigned int, Strided<const T>,      \
                                         unsigned char*, std::size_t);

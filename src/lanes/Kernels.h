@@ -112,6 +112,14 @@ struct Kernels {
     static void inverses(Strided<const T> in, Strided<T> out, std::size_t n);
     static void compounds(Strided<const double> a, Strided<const double> b, Strided<double> t,
                           std::size_t n);
+    /// t[i] = where a line meets triangle i, of nine values, or infinity; and the same for many
+    /// lines and a triangle
+    template <class T>
+    static void meetTriangles(const T* origin, const T* direction, const T* corners, T* t,
+                              std::size_t n);
+    template <class T>
+    static void meetTriangle(Strided<const T> origins, Strided<const T> directions,
+                             const T* corners, T* t, std::size_t n);
     /// sides[i] = 1, -1 or 0
     template <class T>
     static void classify(const CullPlane<T>& plane, Strided<const T> boxes, signed char* sides,

@@ -122,6 +122,14 @@ KY_TEST(RaysTest, ArraysAreSingleCalls) {
         for (Vec<T>& v : *all) v = random.vector();
     }
     for (Hull& hull : hulls) hull.box = random.box();
+    for (std::size_t i = 0; i < kN;
+         i += 3) {  // triangles around the first line, lines to triangles
+        Vec<T>* const p = &corners[3 * i];
+        p[2] = (o[0] + d[0]) * 3 - p[0] - p[1];
+        d[i + 1] = (corners[0] + corners[1] + corners[2]) / 3 - o[i + 1];
+    }
+    corners[22] = corners[23] = corners[21];
+    corners[24][0] = kNaN<T>;
     // With the first of the rays, and with the first of what they meet.
     std::vector<T> near[2], far[2], t[2];
     for (auto* all : {near, far, t}) all[0].resize(kN), all[1].resize(kN);
@@ -131,18 +139,19 @@ KY_TEST(RaysTest, ArraysAreSingleCalls) {
     Rays::intersectBox(o.data(), d.data(), hulls[0].box, near[1].data(), far[1].data(), kN);
     Rays::intersectTriangles(o[0], d[0], c, t[0].data(), kN);
     Rays::intersectTriangle(o.data(), d.data(), c[0], c[1], c[2], t[1].data(), kN);
-    int met = 0;
+    int met = 0, triangles = 0;
     for (std::size_t i = 0; i < 2 * kN; ++i) {
         const std::size_t many = i / kN, ray = many * (i % kN), target = (1 - many) * (i % kN);
         T first = kInf<T>, last = -kInf<T>, at = kInf<T>, u, v;
         met += Rays::intersect(o[ray], d[ray], hulls[target].box, &first, &last);
         const Vec<T>* const p = c + 3 * target;
-        met += Rays::intersect(o[ray], d[ray], p[0], p[1], p[2], &at, &u, &v);
+        triangles += Rays::intersect(o[ray], d[ray], p[0], p[1], p[2], &at, &u, &v);
         EXPECT_BITS(first, near[many][i % kN]);
         EXPECT_BITS(last, far[many][i % kN]);
         EXPECT_BITS(at, t[many][i % kN]);
     }
     EXPECT_LT(5, met);
+    EXPECT_LT(30, triangles);
     Rays::intersectBoxes<T>(o[0], d[0], nullptr, nullptr, nullptr, 0);
     Rays::intersectTriangles<T>(o[0], d[0], nullptr, nullptr, 0);
 }
