@@ -9,6 +9,9 @@ set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_COMPONENTS_ALL KyMath_runtime KyMath_development KyMath_documentation)
+if(KYMATH_LOCKSTEP)
+    list(APPEND CPACK_COMPONENTS_ALL KyMathLockstep_runtime KyMathLockstep_development)
+endif()
 if(KYMATH_PYTHON)
     list(APPEND CPACK_COMPONENTS_ALL KyMath_python)
 endif()
@@ -44,6 +47,26 @@ set(CPACK_DEBIAN_KYMATH_DEVELOPMENT_DESCRIPTION
     "3-D geometry, exact to the last bit (development files)\n${what}
 This package contains the headers, the archive, and files for CMake,
 pkg-config and debuggers that read natvis.")
+
+set(lockstep "${what}This library takes its trigonometry from SLEEF: the same bits on every
+processor and with every C library.
+")
+
+set(CPACK_DEBIAN_KYMATHLOCKSTEP_RUNTIME_PACKAGE_NAME libkymathlockstep${PROJECT_VERSION_MAJOR})
+set(CPACK_DEBIAN_KYMATHLOCKSTEP_RUNTIME_PACKAGE_SECTION libs)
+set(CPACK_DEBIAN_KYMATHLOCKSTEP_RUNTIME_DESCRIPTION
+    "3-D geometry, exact to the last bit everywhere\n${lockstep}
+This package contains the shared library, and views of its types for gdb.")
+
+set(CPACK_COMPONENT_KYMATHLOCKSTEP_DEVELOPMENT_DEPENDS KyMathLockstep_runtime KyMath_development)
+set(CPACK_DEBIAN_KYMATHLOCKSTEP_DEVELOPMENT_PACKAGE_NAME libkymathlockstep-dev)
+set(CPACK_DEBIAN_KYMATHLOCKSTEP_DEVELOPMENT_PACKAGE_SECTION libdevel)
+set(CPACK_DEBIAN_KYMATHLOCKSTEP_DEVELOPMENT_PACKAGE_DEPENDS libsleef-dev)
+set(CPACK_DEBIAN_KYMATHLOCKSTEP_DEVELOPMENT_PACKAGE_SUGGESTS libkymath-doc)
+set(CPACK_DEBIAN_KYMATHLOCKSTEP_DEVELOPMENT_DESCRIPTION
+    "3-D geometry, exact to the last bit everywhere (development files)\n${lockstep}
+This package contains the archive, and files for CMake and pkg-config. The
+headers are those of libkymath-dev.")
 
 set(CPACK_DEBIAN_KYMATH_DOCUMENTATION_PACKAGE_NAME libkymath-doc)
 set(CPACK_DEBIAN_KYMATH_DOCUMENTATION_PACKAGE_SECTION doc)

@@ -34,44 +34,54 @@ foreach(page README.md CONTRIBUTING.md)
 endforeach()
 
 # A package is not moved, and the system's own folder of headers is to be known as such.
-file(GLOB pc ${root}/KyMath_development/usr/lib/*/pkgconfig/KyMath.pc)
-file(READ ${pc} text)
-string(REGEX REPLACE "prefix=[^\n]*/\\.\\./[^\n]*" "prefix=/usr" text "${text}")
-file(WRITE ${pc} "${text}")
-
-# Which packages the library needs, and which version of it a program needs: the minor version that the
-# program was built with. The symbols are exactly those of tests/abi/exported.txt.
-set(runtime ${root}/KyMath_runtime)
-set(package ${CPACK_DEBIAN_KYMATH_RUNTIME_PACKAGE_NAME})
-set(major ${CPACK_PACKAGE_VERSION_MAJOR})
-set(minor ${major}.${CPACK_PACKAGE_VERSION_MINOR})
-file(STRINGS ${CPACK_KYMATH_SOURCE_DIR}/tests/abi/exported.txt names)
-list(TRANSFORM names REPLACE "(.+)" " \\1@Base ${minor}\n")
-file(WRITE ${control}/names "libKyMath.so.${major} ${package} #MINVER#\n" ${names})
-execute_process(COMMAND dpkg-gensymbols -c4 -v${version} -p${package} -P${runtime}
-                        -I${control}/names -O${control}/symbols
-                COMMAND_ERROR_IS_FATAL ANY)
-file(WRITE ${control}/shlibs "libKyMath ${major} ${package} (>= ${minor})\n")
-file(WRITE ${control}/triggers "activate-noawait ldconfig\n")
-set(CPACK_DEBIAN_KYMATH_RUNTIME_PACKAGE_CONTROL_EXTRA
-    ${control}/symbols ${control}/shlibs ${control}/triggers)
+file(GLOB pcs ${root}/*_development/usr/lib/*/pkgconfig/*.pc)
+foreach(pc IN LISTS pcs)
+    file(READ ${pc} text)
+    string(REGEX REPLACE "prefix=[^\n]*/\\.\\./[^\n]*" "prefix=/usr" text "${text}")
+    file(WRITE ${pc} "${text}")
+endforeach()
 
 # Not by CPACK_DEBIAN_PACKAGE_SHLIBDEPS: that would add scripts that call ldconfig besides the trigger.
 file(WRITE ${control}/debian/control "Source: kymath\n")
 function(find_dependencies component pattern first)
-    file(GLOB files ${root}/KyMath_${component}/usr/lib/${pattern})
+    file(GLOB files ${root}/${component}/usr/lib/${pattern})
     execute_process(COMMAND dpkg-shlibdeps -O ${files} WORKING_DIRECTORY ${control}
                     OUTPUT_VARIABLE depends OUTPUT_STRIP_TRAILING_WHITESPACE ERROR_QUIET
                     COMMAND_ERROR_IS_FATAL ANY)
     string(REPLACE "shlibs:Depends=" "${first}" depends "${depends}")
     string(TOUPPER ${component} component)
-    set(CPACK_DEBIAN_KYMATH_${component}_PACKAGE_DEPENDS "${depends}" PARENT_SCOPE)
+    set(CPACK_DEBIAN_${component}_PACKAGE_DEPENDS "${depends}" PARENT_SCOPE)
 endfunction()
-find_dependencies(runtime */libKyMath.so.?.?.? "")
+
+# Which packages a library needs, and which version of it a program needs: the minor version that the
+# program was built with. The symbols are exactly those of tests/abi/exported.txt.
+file(STRINGS ${CPACK_KYMATH_SOURCE_DIR}/tests/abi/exported.txt exported)
+foreach(library KyMath KyMathLockstep)
+    set(runtime ${library}_runtime)
+    if(NOT CPACK_COMPONENTS_ALL MATCHES ${runtime})
+        continue()
+    endif()
+    string(TOUPPER ${library} upper)
+    set(package ${CPACK_DEBIAN_${upper}_RUNTIME_PACKAGE_NAME})
+    set(major ${CPACK_PACKAGE_VERSION_MAJOR})
+    set(minor ${major}.${CPACK_PACKAGE_VERSION_MINOR})
+    set(files ${control}/${library})
+    set(tag ${upper}_${major})
+    list(TRANSFORM exported REPLACE "(.+)" " \\1@${tag} ${minor}\n" OUTPUT_VARIABLE names)
+    file(WRITE ${files}/names "lib${library}.so.${major} ${package} #MINVER#\n ${tag}@${tag} ${minor}\n" ${names})
+    execute_process(COMMAND dpkg-gensymbols -c4 -v${version} -p${package} -P${root}/${runtime}
+                            -I${files}/names -O${files}/symbols
+                    COMMAND_ERROR_IS_FATAL ANY)
+    file(WRITE ${files}/shlibs "lib${library} ${major} ${package} (>= ${minor})\n")
+    file(WRITE ${files}/triggers "activate-noawait ldconfig\n")
+    set(CPACK_DEBIAN_${upper}_RUNTIME_PACKAGE_CONTROL_EXTRA
+        ${files}/symbols ${files}/shlibs ${files}/triggers)
+    find_dependencies(${runtime} */lib${library}.so.?.?.? "")
+endforeach()
 
 # The module: compiled by Python for Python when it is installed.
 if(CPACK_COMPONENTS_ALL MATCHES KyMath_python)
-    find_dependencies(python python3/dist-packages/kymath/*.so "python3 (>= 3.11), ")
+    find_dependencies(KyMath_python python3/dist-packages/kymath/*.so "python3 (>= 3.11), ")
     file(WRITE ${control}/postinst "#!/bin/sh\nset -e\n[ \"$1\" != configure ] || py3compile -p python3-kymath\n")
     file(WRITE ${control}/prerm "#!/bin/sh\nset -e\npy3clean -p python3-kymath\n")
     set(CPACK_DEBIAN_KYMATH_PYTHON_PACKAGE_CONTROL_EXTRA ${control}/postinst ${control}/prerm)

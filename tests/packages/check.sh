@@ -13,7 +13,7 @@ trap 'rm -rf "$work"' EXIT
 root=$work/root
 library_dir=$root/usr/lib/$(dpkg-architecture -qDEB_HOST_MULTIARCH)
 
-for package in libkymath1 libkymath-dev libkymath-doc python3-kymath; do
+for package in libkymath1 libkymath-dev libkymath-doc libkymathlockstep1 libkymathlockstep-dev python3-kymath; do
     dpkg-deb -x "$packages/${package}_"*.deb "$root"
     dpkg-deb -c "$packages/${package}_"*.deb | grep -v '/$' >>"$work/files"
 done
@@ -36,6 +36,9 @@ export PKG_CONFIG_PATH=$library_dir/pkgconfig
 g++ "$source/tests/consumers/main.cpp" -o "$work/plain" \
     $(pkg-config --define-variable=prefix="$root/usr" --cflags --libs KyMath)
 LD_LIBRARY_PATH=$library_dir "$work/plain" >/dev/null
+# shellcheck disable=SC2046
+g++ "$source/tests/consumers/main.cpp" -o "$work/lockstep" \
+    $(pkg-config --define-variable=prefix="$root/usr" --cflags --libs KyMath-lockstep)
 
 PYTHONPATH=$root/usr/lib/python3/dist-packages /usr/bin/python3 -B - <<'END'
 import kymath as ky, numpy as np, pathlib
@@ -52,8 +55,14 @@ while IFS=: read -r page target; do
     [[ -e ${page%/*}/$target ]] || { echo "${page#"$doc/"}: a link leads nowhere: $target"; exit 1; }
 done < <(grep -roP --include='*.md' '\]\(\K(?!https?:)[^) :#&]+(?=[)#])' "$doc")
 
-dpkg-deb -e "$packages"/libkymath1_*.deb "$root/DEBIAN"
 mkdir "$work/debian"
 echo "Source: program" >"$work/debian/control"
-needs=$(cd "$work" && dpkg-shlibdeps -O "-S$root" plain 2>/dev/null)
-[[ $needs =~ libkymath1\ \(\>=\ [0-9]+\.[0-9]+\)(,|$) ]] || { echo "a program needs: $needs"; exit 1; }
+for program in plain:libkymath1 lockstep:libkymathlockstep1; do
+    library=${program#*:}
+    dpkg-deb -e "$packages/${library}"_*.deb "$root/DEBIAN"
+    needs=$(cd "$work" && dpkg-shlibdeps -O "-S$root" "${program%:*}" 2>/dev/null)
+    [[ $needs =~ $library\ \(\>=\ [0-9]+\.[0-9]+\)(,|$) ]] || { echo "a program needs: $needs"; exit 1; }
+done
+needs=$(dpkg-deb -f "$packages"/libkymathlockstep-dev_*.deb Depends)
+[[ $needs == *libkymath-dev* && $needs == *libkymathlockstep1* && $needs == *libsleef-dev* ]] ||
+    { echo "libkymathlockstep-dev needs: $needs"; exit 1; }
