@@ -128,7 +128,7 @@ def write(folder, module):
         elif name in classes:
             sample = samples[list(classes).index(name)]
             text += f"@final\nclass {name}:\n    " + "\n    ".join(members(member, sample)) + "\n\n"
-        elif isinstance(member, (int, float)):
+        elif isinstance(member, (int, float)) or name == "__libm__":
             text += f"{name}: {type(member).__name__}\n"
     if module is not kymath and "def " in text:
         imports = f"from kymath import Decomposition, {', '.join(classes)}\n"

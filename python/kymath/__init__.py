@@ -2,6 +2,7 @@
 # SPDX-License-Identifier: Apache-2.0
 """3-D geometry for simulation and graphics: exact to the last bit."""
 from ._core import *
+from ._core import __libm__
 
 
 def __getattr__(name):

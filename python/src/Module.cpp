@@ -20,6 +20,7 @@ PyMODINIT_FUNC PyInit__core() {
         addRotations(module.get());
         addBounds(module.get());
         addLines(module.get());
+        check(PyModule_AddStringConstant(module.get(), "__libm__", KYMATH_LIBM));
         return module.release();
     });
 }

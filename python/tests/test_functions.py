@@ -17,6 +17,8 @@ import kymath as ky
 program = subprocess.run([os.environ["KYMATH_FUNCTIONS"], "--values"], capture_output=True, text=True, check=True)
 table = re.findall(r"^(\w+) ?(.*)\n((?:[0-9a-f ]*\n){30})", program.stdout, re.M)
 
+assert ky.__libm__.startswith("SLEEF ") == ("Lockstep" in os.environ["KYMATH_FUNCTIONS"])
+
 # What Python does in another way.
 elsewhere = {
     r"operator (const )?(T|double|Ky::KyReal4)\*|[Cc]ast\(|set\(double\*|get\(T\*\)|\(\*\)|const (T|double|float)\*|array"
