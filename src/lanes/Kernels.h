@@ -44,10 +44,11 @@ enum class Isa { baseline, avx2, avx512 };
 /// reads whole operands, of arrays up to eight elements, before it writes.
 ///
 /// Single calls and array calls share their formulas as follows. Where the lanes hold one element
-/// (a matrix, a rigid transform, a box), an array call repeats the single one: a loop over its
-/// kernel, or for boxes a kernel of which the single call passes an array of one. Where the lanes
-/// hold several elements (points, boxes against planes), only array calls use the kernel; single
-/// calls are plain code in the source of the type.
+/// (products of matrices and of quaternions, a rigid transform, a box), an array call repeats the
+/// single one: a loop over its kernel, or for boxes a kernel of which the single call passes an
+/// array of one. Where the lanes hold several elements (points, quaternions, inverses of matrices,
+/// boxes against planes, triangles), only array calls use the kernel. Single calls are plain code
+/// in the source of the type, or another kernel, and do what is left after the last whole group.
 template <Isa S>
 struct Kernels {
     /// m = a b
