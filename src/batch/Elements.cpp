@@ -9,8 +9,11 @@
 #include <KyMath/Transformation.h>
 
 #include "lanes/Kernels.h"
+#include "rotation/Slerps.h"
+#include "transform/RotationArrays.h"
 
-// Array calls that are loops over single calls, at least for the last elements.
+// Array calls that are loops over single calls, at least for the last elements; with SLEEF, those
+// with trigonometry take several elements at once.
 
 namespace KyMath::Batch {
 
@@ -53,11 +56,15 @@ template <class T>
 void slerp(const QuaternionT<T>* a, const QuaternionT<T>* b, const T* t, QuaternionT<T>* out,
            std::size_t count, std::size_t aStride, std::size_t bStride, std::size_t tStride,
            std::size_t outStride) {
+#ifdef KY_LOCKSTEP
+    internal::slerps<T>({a, aStride}, {b, bStride}, {t, tStride}, {out, outStride}, count);
+#else
     using Q = QuaternionT<T>;
     each(
         count, [](const Q& p, const Q& q, T s) { return p.slerp(q, s); },
         Strided<Q>{out, outStride}, Strided<const Q>{a, aStride}, Strided<const Q>{b, bStride},
         Strided<const T>{t, tStride});
+#endif
 }
 template <class T>
 void createRotations(const QuaternionT<T>* in, Matrix44T<T>* out, std::size_t count,
@@ -72,10 +79,14 @@ void createRotations(const QuaternionT<T>* in, Matrix44T<T>* out, std::size_t co
 template <class T>
 void createRotations(const Vector3T<T>* in, Matrix44T<T>* out, std::size_t count,
                      std::size_t inStride, std::size_t outStride) {
+#ifdef KY_LOCKSTEP
+    internal::createRotations<T>({in, inStride}, {out, outStride}, count);
+#else
     using V = Vector3T<T>;
     each(
         count, [](const V& v) { return Transformation::createRotationT(v.x(), v.y(), v.z()); },
         Strided<Matrix44T<T>>{out, outStride}, Strided<const V>{in, inStride});
+#endif
 }
 template <class T>
 void getRotationsAsQuaternions(const Matrix44T<T>* in, bool removeScale, QuaternionT<T>* out,
@@ -95,10 +106,14 @@ void getRotationsAsQuaternions(const Matrix44T<T>* in, bool removeScale, Quatern
 template <class T>
 void getRotations(const Matrix44T<T>* in, bool normalize, Vector3T<T>* out, std::size_t count,
                   std::size_t inStride, std::size_t outStride) {
+#ifdef KY_LOCKSTEP
+    internal::getRotations<T>({in, inStride}, normalize, {out, outStride}, count);
+#else
     using M = Matrix44T<T>;
     each(
         count, [=](const M& m) { return Transformation::getRotationT(m, normalize); },
         Strided<Vector3T<T>>{out, outStride}, Strided<const M>{in, inStride});
+#endif
 }
 
 template <class T>

@@ -6,6 +6,7 @@
 #define KY_ISA Isa::avx512
 #include "bounds/BoundsKernels.inc"
 #include "bounds/RayKernels.inc"
+#include "internal/LibmKernels.inc"
 #include "matrix/MatrixKernels.inc"
 #include "rotation/QuaternionKernels.inc"
 #include "transform/PointKernels.inc"

@@ -140,6 +140,22 @@ struct Kernels {
                          signed char* sides, unsigned int* masks, std::size_t n);
     /// @}
 
+#ifdef KY_LOCKSTEP
+    /// @name n values by functions of SLEEF, in place; whole registers, zeros and +-1 aside
+    /// @{
+    template <class T>
+    static void sines(T* x, std::size_t n);
+    template <class T>
+    static void arcSines(T* x, std::size_t n);
+    template <class T>
+    static void arcCosines(T* x, std::size_t n);
+    template <class T>
+    static void sineCosines(T* x, T* cosines, std::size_t n);
+    template <class T>
+    static void arcTangents(T* y, const T* x, std::size_t n);
+    /// @}
+#endif
+
     /// Samples 0 to count - 1 of the Bezier curve of m control points, three values each, at t = 0,
     /// step, step + step, ...; work has bezierWork(m) values.
     static void bezier(const double* controls, std::size_t m, double step, double* work,

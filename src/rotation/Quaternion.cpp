@@ -6,9 +6,9 @@
 #include <Ky/Tolerance.h>
 
 #include "internal/Components.h"
-#include "internal/Libm.h"
-#include "lanes/Kernels.h"
+#include "internal/LibmArrays.h"
 #include "rotation/QuaternionProduct.h"
+#include "rotation/Slerps.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -194,5 +194,49 @@ static_assert(internal::kArePlain<QuaternionT, 4>, "a quaternion is its four val
 
 template class QuaternionT<float>;
 template class QuaternionT<double>;
+
+#ifdef KY_LOCKSTEP
+
+namespace internal {
+
+template <class T>
+void slerps(Strided<const QuaternionT<T>> a, Strided<const QuaternionT<T>> b, Strided<const T> t,
+            Strided<QuaternionT<T>> out, std::size_t count) {
+    inBlocks(count, [&](std::size_t begin, std::size_t n) {
+        bool opposite[kBlock], curved[kBlock];
+        Block<T> angle, sine, from, to;
+        for (std::size_t i = 0; i < n; ++i) {
+            const T cosine = at(a, begin + i)->dot(*at(b, begin + i));
+            opposite[i] = cosine < 0;
+            const T c = opposite[i] ? -cosine : cosine;
+            curved[i] = 1 - c > T(1e-7);
+            angle[i] = curved[i] ? c : T(0.5);
+        }
+        acos(angle, n);
+        for (std::size_t i = 0; i < n; ++i) {
+            const T s = curved[i] ? *at(t, begin + i) : T(0);
+            sine[i] = angle[i];
+            from[i] = (1 - s) * angle[i];
+            to[i] = s * angle[i];
+        }
+        for (Block<T>* const x : {&sine, &from, &to}) sin(*x, n);
+        for (std::size_t i = 0; i < n; ++i) {
+            const T s = *at(t, begin + i), k = 1 / sine[i];
+            QuaternionT<T> end(*at(b, begin + i));
+            if (opposite[i]) end *= T(-1);
+            *at(out, begin + i) = *at(a, begin + i) * (curved[i] ? from[i] * k : 1 - s) +
+                                  end * (curved[i] ? to[i] * k : s);
+        }
+    });
+}
+
+template void slerps(Strided<const QuaternionT<float>>, Strided<const QuaternionT<float>>,
+                     Strided<const float>, Strided<QuaternionT<float>>, std::size_t);
+template void slerps(Strided<const QuaternionT<double>>, Strided<const QuaternionT<double>>,
+                     Strided<const double>, Strided<QuaternionT<double>>, std::size_t);
+
+}  // namespace internal
+
+#endif
 
 }  // namespace KyMath

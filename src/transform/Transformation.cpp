@@ -3,9 +3,10 @@
 #include <KyMath/Transformation.h>
 #include <KyMath/inline/Transformation.h>
 
-#include "internal/Libm.h"
+#include "internal/LibmArrays.h"
 #include "lanes/Lanes.h"
 #include "rotation/RotationToQuaternion.h"
+#include "transform/RotationArrays.h"
 
 #include <cmath>
 
@@ -30,15 +31,25 @@ Matrix44T<T> createTranslationT(const Vector3T<T>& v) {
     return createTranslationT(v.x(), v.y(), v.z());
 }
 
+namespace {
+
+/// The rotation of angles with these sines and cosines.
+template <class T>
+Matrix44T<T> rotationOf(T sx, T cx, T sy, T cy, T sz, T cz) {
+    return Matrix44T<T>(cy * cz, sx * sy * cz + cx * sz, sx * sz - cx * sy * cz, 0,   //
+                        -cy * sz, cx * cz - sx * sy * sz, sx * cz + cx * sy * sz, 0,  //
+                        sy, -sx * cy, cx * cy, 0,                                     //
+                        0, 0, 0, 1);
+}
+
+}  // namespace
+
 template <class T>
 Matrix44T<T> createRotationT(T x, T y, T z) {
     const auto [sz, cz] = internal::sinCos(z);
     const auto [sy, cy] = internal::sinCos(y);
     const auto [sx, cx] = internal::sinCos(x);
-    return Matrix44T<T>(cy * cz, sx * sy * cz + cx * sz, sx * sz - cx * sy * cz, 0,   //
-                        -cy * sz, cx * cz - sx * sy * sz, sx * cz + cx * sy * sz, 0,  //
-                        sy, -sx * cy, cx * cy, 0,                                     //
-                        0, 0, 0, 1);
+    return rotationOf(sx, cx, sy, cy, sz, cz);
 }
 
 namespace {
@@ -350,3 +361,56 @@ KY_INSTANTIATE(double)
 #undef KY_INSTANTIATE
 
 }  // namespace KyMath::Transformation
+
+#ifdef KY_LOCKSTEP
+
+namespace KyMath::internal {
+
+template <class T>
+void createRotations(Strided<const Vector3T<T>> in, Strided<Matrix44T<T>> out, std::size_t count) {
+    inBlocks(count, [&](std::size_t begin, std::size_t n) {
+        Block<T> s[3], c[3];
+        for (std::size_t i = 0; i < n; ++i) {
+            const Vector3T<T>& angles = *at(in, begin + i);
+            for (int k = 0; k < 3; ++k) s[k][i] = angles[k];
+        }
+        for (int k = 0; k < 3; ++k) sinCos(s[k], c[k], n);
+        for (std::size_t i = 0; i < n; ++i) {
+            *at(out, begin + i) =
+                Transformation::rotationOf(s[0][i], c[0][i], s[1][i], c[1][i], s[2][i], c[2][i]);
+        }
+    });
+}
+
+template <class T>
+void getRotations(Strided<const Matrix44T<T>> in, bool normalize, Strided<Vector3T<T>> out,
+                  std::size_t count) {
+    inBlocks(count, [&](std::size_t begin, std::size_t n) {
+        Block<T> x, xOver, y, z, zOver;
+        for (std::size_t i = 0; i < n; ++i) {
+            Matrix44T<T> m(*at(in, begin + i));
+            if (normalize) Transformation::normalizeColumns(m);
+            y[i] = m(0, 2);
+            x[i] = -m(1, 2);
+            xOver[i] = m(2, 2);
+            z[i] = -m(0, 1);
+            zOver[i] = m(0, 0);
+        }
+        asin(y, n);
+        atan2(x, xOver, n);
+        atan2(z, zOver, n);
+        for (std::size_t i = 0; i < n; ++i) at(out, begin + i)->set(x[i], y[i], z[i]);
+    });
+}
+
+#define KY_INSTANTIATE(T)                                                                          \
+    template void createRotations(Strided<const Vector3T<T>>, Strided<Matrix44T<T>>, std::size_t); \
+    template void getRotations(Strided<const Matrix44T<T>>, bool, Strided<Vector3T<T>>,            \
+                               std::size_t);
+KY_INSTANTIATE(float)
+KY_INSTANTIATE(double)
+#undef KY_INSTANTIATE
+
+}  // namespace KyMath::internal
+
+#endif

@@ -226,7 +226,10 @@ TYPED_TEST(BatchTest, DoesLikeSingleCalls) {
     };
     const auto unit = [&] { return normalized(quaternion()); };
     auto quaternions = list<Q>(quaternion);
-    const auto units = list<Q>(unit), ends = list<Q>(unit);
+    const auto units = list<Q>(unit);
+    auto ends = list<Q>(unit);
+    ends[2] = units[2];
+    ends[3] = Q(-units[3].x(), units[3].w(), units[3].z(), -units[3].y());  // a half turn away
     quaternions[1] = Q(0, 0, 0, 0);
     quaternions[3] = Q(T(1e-9), 0, T(1e-9), 0);
     quaternions[4][1] = kNaN<T>;
@@ -236,6 +239,8 @@ TYPED_TEST(BatchTest, DoesLikeSingleCalls) {
     auto matrices = list<M>([&] { return random.matrix(); });
     for (std::size_t i = 0; i < kMost; i += 2) matrices[i] = createRotationT(units[i]);
     matrices[1] *= 0;
+    matrices[2] = M();  // no angles
+    matrices[3] = createRotationT(V(0, 0, 1), T(3.1415926535897931));
     const auto normalOf = [](const V& a, const V& b, const V& c) {
         return after(V(), [&](V& n) { V::planeNormal(a, b, c, n); });
     };
