@@ -167,8 +167,8 @@ constexpr auto batchedByAnyOf() {
 #define KY_CALL(function) [](const auto&... a) { function(a...); }
 
 template <Scalar T>
-constexpr Matrix44T<T> (*kProduct)(const Matrix44T<T>&, const Matrix44T<T>&) =
-    &Matrix44T<T>::multiply;
+constexpr Matrix44T<T> (*kProduct)(const Matrix44T<T>&,
+                                   const Matrix44T<T>&) = &Matrix44T<T>::multiply;
 
 /// Products in C order. Read column by column, that is the product of both transposed in reverse,
 /// of the same terms in the same order.
