@@ -109,7 +109,8 @@ void transformDirections(const Matrix44T<T>& m, const Vector3T<T>* in, Vector3T<
 template <class T>
 void transformBoxes(const Matrix44T<T>& m, const BoundingBoxT<T>* in, BoundingBoxT<T>* out,
                     std::size_t count, std::size_t inStride, std::size_t outStride) {
-    KY_KERNEL(transformBoxes<T>(m, valuesOf<T>(in, inStride), valuesOf<T>(out, outStride), count));
+    KY_WIDE_KERNEL(
+        transformBoxes<T>(m, valuesOf<T>(in, inStride), valuesOf<T>(out, outStride), count));
 }
 
 template <class T>

@@ -40,6 +40,8 @@ namespace KyMath::internal {
     template void Kernels<KY_ISA>::meetTriangle(Strided<const T>, Strided<const T>, const T*, T*, \
                                                 std::size_t);                                     \
     template void Kernels<KY_ISA>::inverses(Strided<const T>, Strided<T>, std::size_t);           \
+    template void Kernels<KY_ISA>::transformBoxes(const T*, Strided<const T>, Strided<T>,         \
+                                                  std::size_t);                                   \
     template void Kernels<KY_ISA>::cull(const CullPlane<T>*, unsigned int, Strided<const T>,      \
                                         unsigned char*, std::size_t);
 
