@@ -11,10 +11,11 @@
 #     tests         to run the tests
 #     module        to build the Python module
 #     python        to test it
+#     pydebug       to test it with a Python that counts references
 #     clang         to build and test by Clang as well
 #     lint docs packages coverage benchmarks   the script of that name
 . "$(dirname "$(readlink -f "$0")")/common.sh"
-takes 'library|lockstep|examples|peers|tests|module|python|clang|lint|docs|packages|coverage|benchmarks' "$@"
+takes 'library|lockstep|examples|peers|tests|module|python|pydebug|clang|lint|docs|packages|coverage|benchmarks' "$@"
 
 declare -A packages=(
     [library]="g++ make cmake ninja-build" # make: for link-time optimisation on all cores
@@ -24,6 +25,7 @@ declare -A packages=(
     [tests]="libmpfr-dev libgtest-dev librapidcheck-dev libeigen3-dev libfmt-dev pkg-config abigail-tools xz-utils gdb python3 qemu-user-static"
     [module]="python3-dev python3-numpy"
     [python]="python3-dev python3-numpy python3-pytest python3-hypothesis python3-matplotlib python3-dask mypy"
+    [pydebug]="python3-dbg"
     [clang]="clang clang-19 libclang-rt-dev libc++-dev libc++abi-dev llvm googletest"
     [lint]="clang-format clang-tidy reuse"
     [docs]="doxygen doxygen-awesome-css python3"

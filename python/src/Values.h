@@ -303,7 +303,7 @@ template <class... V>
 struct Annotation<std::tuple<V...>> {
     static std::string text() {
         std::string list;
-        ((list += (list.empty() ? "" : ", ") + annotation<V>()), ...);
+        (list.append(list.empty() ? "" : ", ").append(annotation<V>()), ...);
         return "tuple[" + list + "]";
     }
 };
