@@ -12,6 +12,8 @@
 #include "rotation/Slerps.h"
 #include "transform/RotationArrays.h"
 
+#include <new>
+
 // Array calls that are loops over single calls, at least for the last elements; with SLEEF, those
 // with trigonometry take several elements at once.
 
@@ -82,10 +84,12 @@ void createRotations(const Vector3T<T>* in, Matrix44T<T>* out, std::size_t count
 #ifdef KY_LOCKSTEP
     internal::createRotations<T>({in, inStride}, {out, outStride}, count);
 #else
-    using V = Vector3T<T>;
-    each(
-        count, [](const V& v) { return Transformation::createRotationT(v.x(), v.y(), v.z()); },
-        Strided<Matrix44T<T>>{out, outStride}, Strided<const V>{in, inStride});
+    // Made in place: a copy would wait for what has just been stored.
+    for (std::size_t i = 0; i < count; ++i) {
+        const Vector3T<T> v = *at(Strided<const Vector3T<T>>{in, inStride}, i);
+        ::new (static_cast<void*>(at(Strided<Matrix44T<T>>{out, outStride}, i)))
+            Matrix44T<T>(Transformation::createRotationT(v.x(), v.y(), v.z()));
+    }
 #endif
 }
 template <class T>
