@@ -59,14 +59,15 @@ T draw() {
     return bits & 1 << 23 ? -x : x;
 }
 
+constexpr double kWrong = std::numeric_limits<double>::infinity();
+
 /// The error of r, in units of the last place of `exact`.
 template <class T>
 double error(T r) {
     using Limits = std::numeric_limits<T>;
-    if (mpfr_nan_p(exact) || std::isnan(r))
-        return mpfr_nan_p(exact) && std::isnan(r) ? 0 : INFINITY;
-    if (bool(mpfr_signbit(exact)) != std::signbit(r)) return INFINITY;
-    if (mpfr_zero_p(exact)) return r == 0 ? 0 : INFINITY;
+    if (mpfr_nan_p(exact) || std::isnan(r)) return mpfr_nan_p(exact) && std::isnan(r) ? 0 : kWrong;
+    if (bool(mpfr_signbit(exact)) != std::signbit(r)) return kWrong;
+    if (mpfr_zero_p(exact)) return r == 0 ? 0 : kWrong;
     const long last = std::max<long>(mpfr_get_exp(exact), Limits::min_exponent) - Limits::digits;
     mpfr_sub_d(exact, exact, double(r), MPFR_RNDN);
     mpfr_mul_2si(exact, exact, -last, MPFR_RNDN);
