@@ -124,10 +124,11 @@ void expectEach(One one, All all, const Array<In>&... values) {
             return m;
         };
         Array<Out> out(n), forAll(n);
-        Array<Member<Out>> member(n);
+        Array<Member<Out>> member(n), alone(n);
         std::tuple<Array<Member<In>>...> inMembers{members(values)...};
         all((values.data() + kMost - n)..., out.data(), n, sizeof(In)..., sizeof(Out));
         all((values.data() + kMost - 1)..., forAll.data(), n, (sizeof(In) * 0)..., sizeof(Out));
+        all(values.data()..., valuesOf(alone), n, sizeof(In)..., sizeof alone[0]);
         std::apply(
             [&](auto&... in) {
                 all(valuesOf(in)..., valuesOf(member), n, sizeof in[0]..., sizeof member[0]);
@@ -137,6 +138,7 @@ void expectEach(One one, All all, const Array<In>&... values) {
             EXPECT_BITS(one(values[kMost - n + i]...), out[i]) << i << " of " << n;
             EXPECT_BITS(one(values[kMost - 1]...), forAll[i]) << i << " of " << n;
             EXPECT_BITS(one(values[i]...), member[i].value) << i << " of " << n;
+            EXPECT_BITS(member[i].value, alone[i].value) << i << " of " << n;
         }
     }
 }
@@ -269,6 +271,11 @@ TYPED_TEST(BatchTest, DoesLikeSingleCalls) {
     EACH(
         inverse, [](const M& m) { return m.inverse(); }, matrices);
 #undef EACH
+    expectEach([&](const Q& q) { return q * units[0]; },
+               [&](auto* in, auto* out, std::size_t n, std::size_t stride, std::size_t outStride) {
+                   Batch::multiply(in, units.data(), out, n, stride, 0, outStride);
+               },
+               quaternions);
     for (const bool flag : {false, true}) {
         expectEach([&](const M& m) { return getRotationAsQuaternionT(m, flag); },
                    [&](auto* in, auto... a) { Batch::getRotationsAsQuaternions(in, flag, a...); },

@@ -115,7 +115,7 @@ KY_TEST(RaysTest, ArraysAreSingleCalls) {
         int id;
     };
     Corpus<T> random(1);
-    constexpr std::size_t kN = 50;
+    constexpr std::size_t kN = 53;
     std::vector<Vec<T>> o(kN), d(kN), corners(3 * kN);
     std::vector<Hull> hulls(kN);
     for (std::vector<Vec<T>>* all : {&o, &d, &corners}) {

@@ -17,9 +17,11 @@ namespace internal {
 // parts were stored one by one has to wait for them. Doubles would fill two, and are faster one by
 // one.
 
-template <class T>
-KY_HELPER constexpr unsigned long pieceSize() {
-    return sizeof(T) == sizeof(float) ? Register<float>::count : 1;
+KY_HELPER constexpr unsigned long pieceSize(const float*) {
+    return Register<float>::count;
+}
+KY_HELPER constexpr unsigned long pieceSize(const double*) {
+    return 1;
 }
 
 /// One double, read and written as the values of a register are.
@@ -54,7 +56,7 @@ KY_HELPER void setQuaternion(double* q, double w, double x, double y, double z) 
 template <class T>
 KY_HELPER void copyQuaternion(T* q, const T* a) {
     KY_UNROLL
-    for (unsigned long i = 0; i < 4; i += pieceSize<T>()) piece(q + i).values = piece(a + i).values;
+    for (unsigned long i = 0; i < 4; i += pieceSize(q)) piece(q + i).values = piece(a + i).values;
 }
 
 }  // namespace internal
@@ -148,7 +150,7 @@ KY_SMALL bool QuaternionT<T>::operator!=(const QuaternionT& q) const {
 template <class T>
 KY_SMALL QuaternionT<T>& QuaternionT<T>::operator+=(const QuaternionT& q) {
     KY_UNROLL
-    for (unsigned long i = 0; i < 4; i += internal::pieceSize<T>()) {
+    for (unsigned long i = 0; i < 4; i += internal::pieceSize(v_)) {
         internal::piece(v_ + i).values += internal::piece(q.v_ + i).values;
     }
     return *this;
@@ -160,7 +162,7 @@ KY_SMALL QuaternionT<T> QuaternionT<T>::operator+(const QuaternionT& q) const {
 template <class T>
 KY_SMALL QuaternionT<T>& QuaternionT<T>::operator-=(const QuaternionT& q) {
     KY_UNROLL
-    for (unsigned long i = 0; i < 4; i += internal::pieceSize<T>()) {
+    for (unsigned long i = 0; i < 4; i += internal::pieceSize(v_)) {
         internal::piece(v_ + i).values -= internal::piece(q.v_ + i).values;
     }
     return *this;
@@ -173,7 +175,7 @@ template <class T>
 KY_SMALL QuaternionT<T>& QuaternionT<T>::operator*=(const T& s) {
     const T factor = s;  // may be one of the components
     KY_UNROLL
-    for (unsigned long i = 0; i < 4; i += internal::pieceSize<T>()) {
+    for (unsigned long i = 0; i < 4; i += internal::pieceSize(v_)) {
         internal::piece(v_ + i).values *= factor;
     }
     return *this;
