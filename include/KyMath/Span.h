@@ -28,41 +28,29 @@
 namespace KyMath {
 namespace internal {
 
+template <class T>
+struct Scalars {
+    using type = T;
+};
 /// The scalar type of what is scalars and nothing else.
 template <class V>
 struct ScalarOf {};
 template <class T>
-struct ScalarOf<Vector2T<T>> {
-    using type = T;
-};
+struct ScalarOf<Vector2T<T>> : Scalars<T> {};
 template <class T>
-struct ScalarOf<Vector3T<T>> {
-    using type = T;
-};
+struct ScalarOf<Vector3T<T>> : Scalars<T> {};
 template <class T>
-struct ScalarOf<Vector4T<T>> {
-    using type = T;
-};
+struct ScalarOf<Vector4T<T>> : Scalars<T> {};
 template <>
-struct ScalarOf<Vector6> {
-    using type = double;
-};
+struct ScalarOf<Vector6> : Scalars<double> {};
 template <class T>
-struct ScalarOf<QuaternionT<T>> {
-    using type = T;
-};
+struct ScalarOf<QuaternionT<T>> : Scalars<T> {};
 template <class T>
-struct ScalarOf<Matrix44T<T>> {
-    using type = T;
-};
+struct ScalarOf<Matrix44T<T>> : Scalars<T> {};
 template <>
-struct ScalarOf<Ky::KyTransform> {
-    using type = double;
-};
+struct ScalarOf<Ky::KyTransform> : Scalars<double> {};
 template <class T>
-struct ScalarOf<BoundingBoxT<T>> {
-    using type = T;
-};
+struct ScalarOf<BoundingBoxT<T>> : Scalars<T> {};
 
 }  // namespace internal
 

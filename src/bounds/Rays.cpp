@@ -6,10 +6,10 @@
 #include <KyMath/Plane.h>
 #include <KyMath/Vector3.h>
 
+#include "lanes/Kernels.h"
+
 #include <cmath>
 #include <limits>
-
-#include "lanes/Kernels.h"
 
 namespace KyMath::Rays {
 

@@ -37,14 +37,15 @@ std::size_t filled(Block<T>& x, std::size_t n) {
 /// As `kernel`, and as `single` where Libm.h does not call SLEEF.
 template <class T, class Kernel, class Single>
 void patched(Block<T>& x, std::size_t n, Kernel kernel, Single single) {
+    const auto isAside = [](T v) { return isTiny(v) || std::abs(v) == 1; };
     Block<T> given;
     for (std::size_t i = 0; i < n; ++i) {
         given[i] = x[i];
-        if (isTiny(x[i]) || std::abs(x[i]) == 1) x[i] = T(0.5);
+        if (isAside(x[i])) x[i] = T(0.5);
     }
     kernel(x, filled(x, n));
     for (std::size_t i = 0; i < n; ++i) {
-        if (isTiny(given[i]) || std::abs(given[i]) == 1) x[i] = single(given[i]);
+        if (isAside(given[i])) x[i] = single(given[i]);
     }
 }
 
