@@ -3,6 +3,8 @@
 #ifndef KYMATH_INTERNAL_ARITHMETIC_H
 #define KYMATH_INTERNAL_ARITHMETIC_H
 
+#include <Ky/Export.h>
+
 // Every result is part of the interface, to the last bit. Flags that let the compiler round
 // differently would change results without a word: they stop the build instead. (GCC's own macro is
 // 0 with any of them. The project's build appends -fno-fast-math, which undoes most.)
@@ -14,9 +16,8 @@
 #error "KyMath needs float and double evaluated in their own precision (x86-64 with SSE2)"
 #endif
 
-#if defined(__FMA__) && defined(__GNUC__) && !defined(__clang__) && \
-    __GNUC__ * 100 + __GNUC_MINOR__ < 1203 && !defined(KY_FUSES_NOTHING)
-#error "GCC before 12.3 fuses operations for a processor with FMA: needs -fno-tree-slp-vectorize"
+#if defined(KY_VECTORS_FUSE) && !defined(KY_FUSES_NOTHING)
+#error "GCC before 12.3 fuses operations for a processor with FMA: needs -fno-tree-vectorize"
 #endif
 
 #endif

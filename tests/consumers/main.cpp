@@ -19,18 +19,30 @@ __attribute__((noinline)) static void turn(Vector2d& v, double angle) {
     v.rotate(angle);
 }
 
+// Differences beside sums, which GCC before 12.3 fuses in such a loop.
+__attribute__((noinline)) static double products(const Vector2d (&a)[32], const Vector2d (&b)[32]) {
+    double pairs[64], all = 0;
+    for (int i = 0; i < 32; ++i) {
+        pairs[2 * i] = a[i].cross(b[i]);
+        pairs[2 * i + 1] = a[i].dot(b[i]);
+    }
+    for (int i = 0; i < 64; ++i) all += pairs[i];
+    return all;
+}
+
 // A digest of the bits of sums of products, in which it shows if a compiler fused any of them.
 static unsigned long digest() {
     unsigned long hash = 0;
-    Vector2d turned(0.3, 0.7);
+    Vector2d turned(0.3, 0.7), pairs[2][32];
     for (int i = 1; i < 1000; ++i) {
         const Vector3d a(1.0 / i, i / 3.0, 0.1 * i);
         const Vector3d b(i / 7.0, -0.7 * i, 1.1 / i);
         const Matrix44d m = Transformation::composeT(a, b, a, 1.0);
         const Vector3d r = Quaterniond(a, 0.3).rotate(b);
         turn(turned, 1.0 / i);
-        for (const double value :
-             {a * b, a.cross(b).z(), m.determinant(), r.x(), turned.x(), turned.y()}) {
+        pairs[i % 2][i / 2 % 32] = turned;
+        for (const double value : {a * b, a.cross(b).z(), m.determinant(), r.x(), turned.x(),
+                                   turned.y(), products(pairs[0], pairs[1])}) {
             unsigned long bits = 0;
             std::memcpy(&bits, &value, sizeof bits);
             hash = hash * 31 + bits;

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 //
 // Chains of all small members, as user code writes them, which compilers inline and then optimise
-// as a whole. Prints a digest of the results of each type. Nothing is computed here, so that flags
-// of this source can only change what is inlined.
+// as a whole. Prints a digest of the results of each type. Only sums are computed here, so that
+// flags of this source can only change what is inlined.
 #include "Values.h"
 
 #include <cstdio>
@@ -79,6 +79,35 @@ void vectors(Run& run) {
     run.add(e.length()), run.add(e.lengthSqr()), run.add(d == e || d != f || d < e || e > f);
     e.set(f.x(), d.y()), d.normalize(), run.add(f.normalize(t, &xy[0]));
     run.add(static_cast<const T*>(d)[1]), run.add(static_cast<T*>(e)[0]), run.add(f);
+}
+
+// Differences beside sums, which GCC before 12.3 fuses where it vectorises.
+template <class T>
+__attribute__((noinline)) void firstPair(T* out, QuaternionT<T> a, const QuaternionT<T>& b) {
+    a *= b;
+    out[0] = a.w();
+    out[1] = a.x();
+}
+template <class T>
+void pairs(Run& run) {
+    constexpr int kCount = 64;
+    Vector2T<T> a[kCount], b[kCount], c[kCount];
+    T out[2 * kCount];
+    for (int i = 0; i < kCount; ++i) {
+        for (Vector2T<T>* v : {a, b, c}) v[i].set(run.draw<T>(), run.draw<T>());
+    }
+    for (int i = 0; i < kCount; ++i) {
+        out[2 * i] = a[i].cross(b[i]);
+        out[2 * i + 1] = a[i].dot(b[i]);
+    }
+    run.digest.add(out, 2 * kCount);
+    for (int i = 0; i < kCount; ++i) {
+        const Vector2T<T> p = a[i] / c[i].x(), q = b[i] / c[i].y();
+        c[i].set(p.x() - q.y(), p.y() + q.x());
+    }
+    for (const Vector2T<T>& v : c) run.add(v);
+    firstPair(out, run.draw<QuaternionT<T>>(), run.draw<QuaternionT<T>>());
+    run.digest.add(out, 2);
 }
 
 template <class T>
@@ -198,6 +227,8 @@ void print(const char* name, void (*chains)(Run&)) {
 int main() {
     print("vectors of float", vectors<float>);
     print("vectors of double", vectors<double>);
+    print("pairs of float", pairs<float>);
+    print("pairs of double", pairs<double>);
     print("quaternions of float", rotations<float>);
     print("quaternions of double", rotations<double>);
     print("matrices of float", matrices<float>);

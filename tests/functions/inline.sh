@@ -11,7 +11,6 @@ here=$(cd "$(dirname "$0")" && pwd)
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 mode="-DKYMATH_INLINE -DKYMATH_FP_CONTRACT_OFF -ffp-contract=off"
-[[ $("$compiler" --version) == *clang* ]] || mode+=" -DKY_FUSES_NOTHING -fno-tree-slp-vectorize"
 
 build() { # LINKER_FLAGS FLAG...
     "$compiler" -std=c++17 "${@:2}" "-I$here/../../include" -c "$here/Chains.cpp" -o "$work/chains.o"
@@ -25,6 +24,7 @@ exported() { # nm OPTION...: names of the library, whatever a compiler appended
 unsafe=(-ffast-math -ffinite-math-only -freciprocal-math "-UKYMATH_FP_CONTRACT_OFF -ffp-contract=fast"
     "-fassociative-math -fno-signed-zeros -fno-trapping-math")
 marches=(-march=x86-64)
+grep -qw avx512f /proc/cpuinfo && unsafe+=("-march=x86-64 -mavx512f -mprefer-vector-width=512 -UKYMATH_FP_CONTRACT_OFF -ffp-contract=fast")
 grep -qw fma /proc/cpuinfo && marches+=(-march=x86-64-v3)
 grep -qw avx512vl /proc/cpuinfo && marches+=(-march=x86-64-v4)
 builds=(-O2 -O0 -Os "-O2 -fno-inline" "-O2 -fkeep-inline-functions -Wno-ignored-optimization-argument" "-O1 -fsanitize=undefined")
@@ -35,7 +35,7 @@ if [[ ${4:-} == --all ]]; then
         done
     done
 else
-    for flags in "${unsafe[@]}"; do builds+=("-O3 ${marches[-1]} $flags"); done
+    for flags in "" "${unsafe[@]}"; do builds+=("-O3 ${marches[-1]} $flags"); done
 fi
 
 build "" -O0

@@ -129,7 +129,7 @@ KY_SMALL T BoundingBoxT<T>::radius() const {
 }
 template <class T>
 KY_SMALL T BoundingBoxT<T>::radius2() const {
-    return T(0.25) * getBBSize().normSquare();
+    return internal::times(T(0.25), getBBSize().normSquare());
 }
 
 namespace internal {

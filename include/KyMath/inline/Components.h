@@ -3,6 +3,7 @@
 #ifndef KYMATH_INLINE_COMPONENTS_H
 #define KYMATH_INLINE_COMPONENTS_H
 
+#include <Ky/Export.h>
 #include <KyMath/inline/Mode.h>
 
 #ifdef KYMATH_INLINE
@@ -33,6 +34,30 @@ KY_HELPER float magnitude(float x) {
 }
 KY_HELPER double magnitude(double x) {
     return __builtin_fabs(x);
+}
+// Products that no compiler fuses with a sum. Where Ky/Export.h tells of one that would, a product
+// is fused with -0 instead, which changes none, or is behind a barrier. The first form does not
+// keep loops with conditions from being vectorised, the second does not keep straight code from it.
+// (The library's own build defines KY_FUSES_NOTHING, and has flags for this.)
+#if defined(KY_VECTORS_FUSE) && !defined(KY_FUSES_NOTHING)
+KY_HELPER float times(float a, float b) {
+    return __builtin_fmaf(a, b, -0.0f);
+}
+KY_HELPER double times(double a, double b) {
+    return __builtin_fma(a, b, -0.0);
+}
+KY_HELPER double apart(double product) {
+    return __builtin_assoc_barrier(product);
+}
+#else
+KY_HELPER double apart(double product) {
+    return product;
+}
+#endif
+/// Of values, or of each value of a register and b.
+template <class V, class T>
+KY_HELPER V times(V a, T b) {
+    return a * b;
 }
 /// As std::min and std::max, also where a value is NaN.
 template <class T>
@@ -113,13 +138,13 @@ KY_HELPER void subtract(T (&a)[N], const T (&b)[N]) {
 template <class T, unsigned long N>
 KY_HELPER void multiplyComponents(T (&a)[N], const T (&b)[N]) {
     KY_UNROLL
-    for (unsigned long i = 0; i < N; ++i) a[i] *= b[i];
+    for (unsigned long i = 0; i < N; ++i) a[i] = times(a[i], b[i]);
 }
 
 template <class T, unsigned long N>
 KY_HELPER void scale(T (&a)[N], T s) {
     KY_UNROLL
-    for (unsigned long i = 0; i < N; ++i) a[i] *= s;
+    for (unsigned long i = 0; i < N; ++i) a[i] = times(a[i], s);
 }
 
 template <class T>
@@ -136,9 +161,9 @@ KY_HELPER void negate(T (&a)[N]) {
 
 template <class T, unsigned long N>
 KY_HELPER T dot(const T (&a)[N], const T (&b)[N]) {
-    T sum = a[0] * b[0];
+    T sum = times(a[0], b[0]);
     KY_UNROLL
-    for (unsigned long i = 1; i < N; ++i) sum += a[i] * b[i];
+    for (unsigned long i = 1; i < N; ++i) sum += times(a[i], b[i]);
     return sum;
 }
 

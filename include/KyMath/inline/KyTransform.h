@@ -75,10 +75,12 @@ KY_SMALL_PLAIN KyMath::Vector3T<double> KyTransform::transformPoint(
 }
 KY_SMALL_PLAIN KyMath::Vector3T<double> KyTransform::transformDirection(
     const KyMath::Vector3T<double>& d) const {
+    using KyMath::internal::times;
     const double* const m = v_;
     const double x = d[0], y = d[1], z = d[2];
-    return KyMath::Vector3T<double>(m[0] * x + m[4] * y + m[8] * z, m[1] * x + m[5] * y + m[9] * z,
-                                    m[2] * x + m[6] * y + m[10] * z);
+    return KyMath::Vector3T<double>(times(m[0], x) + times(m[4], y) + times(m[8], z),
+                                    times(m[1], x) + times(m[5], y) + times(m[9], z),
+                                    times(m[2], x) + times(m[6], y) + times(m[10], z));
 }
 
 #endif

@@ -35,8 +35,7 @@
 // compute are calls; those that only move values are inlined with any flags.
 //
 // No macro tells of -ffp-contract: where the processor can fuse multiplications and additions, the
-// client must say that it is off. GCC before 12.3 still fuses then, unless told not to vectorise
-// straight code.
+// client must say that it is off.
 #if !defined(KYMATH_INLINE)
 #define KY_INLINE_ARITHMETIC 1
 #elif defined(__FAST_MATH__) || (defined(__FINITE_MATH_ONLY__) && __FINITE_MATH_ONLY__) || \
@@ -44,10 +43,8 @@
 #define KY_INLINE_ARITHMETIC 0
 #elif !defined(__clang__) && (!defined(__GCC_IEC_559) || __GCC_IEC_559 == 0)
 #define KY_INLINE_ARITHMETIC 0
-#elif (defined(__FMA__) || defined(__FMA4__)) && !defined(KYMATH_FP_CONTRACT_OFF)
-#define KY_INLINE_ARITHMETIC 0
-#elif (defined(__FMA__) || defined(__FMA4__)) && !defined(__clang__) && \
-    __GNUC__ * 100 + __GNUC_MINOR__ < 1203 && !defined(KY_FUSES_NOTHING)
+#elif (defined(__FMA__) || defined(__FMA4__) || defined(__AVX512F__)) && \
+    !defined(KYMATH_FP_CONTRACT_OFF)
 #define KY_INLINE_ARITHMETIC 0
 #else
 #define KY_INLINE_ARITHMETIC 1

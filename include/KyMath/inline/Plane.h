@@ -62,8 +62,9 @@ KY_SMALL unsigned int PlaneT<T>::lowerBBCorner() const {
 
 template <class T>
 KY_SMALL PlaneT<T>::PlaneT(const Vector3T<T>& normal, const Vector3T<T>& point) {
+    using internal::times;
     set(normal[0], normal[1], normal[2],
-        -normal[0] * point[0] - normal[1] * point[1] - normal[2] * point[2]);
+        times(-normal[0], point[0]) - times(normal[1], point[1]) - times(normal[2], point[2]));
 }
 
 template <class T>
@@ -77,7 +78,8 @@ KY_SMALL bool PlaneT<T>::operator!=(const PlaneT& plane) const {
 
 template <class T>
 KY_SMALL T PlaneT<T>::distance(const Vector3T<T>& p) const {
-    return v_[0] * p[0] + v_[1] * p[1] + v_[2] * p[2] + v_[3];
+    using internal::times;
+    return times(v_[0], p[0]) + times(v_[1], p[1]) + times(v_[2], p[2]) + v_[3];
 }
 template <class T>
 KY_SMALL int PlaneT<T>::intersect(const BoundingBoxT<T>& box) const {

@@ -176,7 +176,8 @@ KY_SMALL QuaternionT<T>& QuaternionT<T>::operator*=(const T& s) {
     const T factor = s;  // may be one of the components
     KY_UNROLL
     for (unsigned long i = 0; i < 4; i += internal::pieceSize(v_)) {
-        internal::piece(v_ + i).values *= factor;
+        auto&& piece = internal::piece(v_ + i);
+        piece.values = internal::times(piece.values, factor);
     }
     return *this;
 }
@@ -210,10 +211,15 @@ KY_HELPER void multiplyQuaternions(float* q, const float* left, const float* rig
                    (Floats)((Bits)third ^ minusFirst) - fourth;
 }
 KY_HELPER void multiplyQuaternions(double* q, const double* a, const double* b) {
-    setQuaternion(q, a[0] * b[0] - a[1] * b[1] - a[2] * b[2] - a[3] * b[3],
-                  a[0] * b[1] + a[1] * b[0] + a[2] * b[3] - a[3] * b[2],
-                  a[0] * b[2] + a[2] * b[0] + a[3] * b[1] - a[1] * b[3],
-                  a[0] * b[3] + a[3] * b[0] + a[1] * b[2] - a[2] * b[1]);
+    const double w =
+        apart(a[0] * b[0]) - apart(a[1] * b[1]) - apart(a[2] * b[2]) - apart(a[3] * b[3]);
+    const double x =
+        apart(a[0] * b[1]) + apart(a[1] * b[0]) + apart(a[2] * b[3]) - apart(a[3] * b[2]);
+    const double y =
+        apart(a[0] * b[2]) + apart(a[2] * b[0]) + apart(a[3] * b[1]) - apart(a[1] * b[3]);
+    const double z =
+        apart(a[0] * b[3]) + apart(a[3] * b[0]) + apart(a[1] * b[2]) - apart(a[2] * b[1]);
+    setQuaternion(q, w, x, y, z);
 }
 
 }  // namespace internal
@@ -252,7 +258,7 @@ template <class T>
 KY_SMALL Vector3T<T> QuaternionT<T>::rotate(const Vector3T<T>& v) const {
     const T w = v_[0];
     const Vector3T<T> u(v_ + 1);
-    const T a = w * w - u * u;
+    const T a = internal::times(w, w) - u * u;
     const T b = 2 * (u * v);
     const T c = 2 * w;
     const Vector3T<T> n = u.cross(v);

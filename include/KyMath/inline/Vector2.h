@@ -87,7 +87,7 @@ KY_SMALL Vector2T<T>& Vector2T<T>::operator/=(T s) {
 template <class T>
 KY_SMALL Vector2T<T> Vector2T<T>::operator/(T s) const {
     const T r = 1 / s;
-    return Vector2T(v_[0] * r, v_[1] * r);
+    return Vector2T(internal::times(v_[0], r), internal::times(v_[1], r));
 }
 template <class T>
 KY_SMALL Vector2T<T>& Vector2T<T>::operator+=(const Vector2T& v) {
@@ -114,7 +114,7 @@ KY_SMALL T Vector2T<T>::dot(const Vector2T& v) const {
 }
 template <class T>
 KY_SMALL T Vector2T<T>::cross(const Vector2T& v) const {
-    return v_[0] * v.v_[1] - v_[1] * v.v_[0];
+    return internal::times(v_[0], v.v_[1]) - internal::times(v_[1], v.v_[0]);
 }
 template <class T>
 KY_SMALL T Vector2T<T>::normSquare() const {

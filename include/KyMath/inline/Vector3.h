@@ -119,7 +119,8 @@ KY_SMALL Vector3T<T>& Vector3T<T>::operator*=(T s) {
 }
 template <class T>
 KY_SMALL Vector3T<T> Vector3T<T>::operator*(const T& s) const {
-    return Vector3T(v_[0] * s, v_[1] * s, v_[2] * s);
+    using internal::times;
+    return Vector3T(times(v_[0], s), times(v_[1], s), times(v_[2], s));
 }
 template <class T>
 KY_SMALL Vector3T<T>& Vector3T<T>::operator/=(T s) {
@@ -157,7 +158,8 @@ KY_SMALL void Vector3T<T>::multComp(const Vector3T& v) {
 }
 template <class T>
 KY_SMALL Vector3T<T> Vector3T<T>::multComp(const Vector3T& a, const Vector3T& b) {
-    return Vector3T(a.v_[0] * b.v_[0], a.v_[1] * b.v_[1], a.v_[2] * b.v_[2]);
+    using internal::times;
+    return Vector3T(times(a.v_[0], b.v_[0]), times(a.v_[1], b.v_[1]), times(a.v_[2], b.v_[2]));
 }
 template <class T>
 KY_SMALL void Vector3T<T>::addMultiple(const T& s, const Vector3T& v) {
@@ -174,10 +176,11 @@ KY_SMALL T Vector3T<T>::operator*(const Vector3T& v) const {
 }
 template <class T>
 KY_SMALL Vector3T<T> Vector3T<T>::cross(const Vector3T& v) const {
+    using internal::times;
     const T* const a = v_;
     const T* const b = v.v_;
-    return Vector3T(a[1] * b[2] - a[2] * b[1], a[2] * b[0] - a[0] * b[2],
-                    a[0] * b[1] - a[1] * b[0]);
+    return Vector3T{times(a[1], b[2]) - times(a[2], b[1]), times(a[2], b[0]) - times(a[0], b[2]),
+                    times(a[0], b[1]) - times(a[1], b[0])};
 }
 template <class T>
 KY_SMALL void Vector3T<T>::postCross(const Vector3T& v) {
@@ -239,8 +242,7 @@ template <class T>
 KY_SMALL void Vector3T<T>::orthogonalize(const Vector3T& v) {
     if (v.isZero()) return;
     const T k = 1 / v.normSquare();
-    const T d = *this * v;
-    set(v_[0] - k * (d * v.v_[0]), v_[1] - k * (d * v.v_[1]), v_[2] - k * (d * v.v_[2]));
+    *this -= v * (*this * v) * k;
 }
 
 template <class T>

@@ -49,7 +49,7 @@ KY_SMALL_PLAIN void Vector6::scale(double s) {
 KY_SMALL_PLAIN double Vector6::dot(const Vector6& v) const {
     double sum = 0;  // part of the result: since 0 + -0 is 0, a dot product is never -0
     KY_UNROLL
-    for (int i = 0; i < 6; ++i) sum += v_[i] * v.v_[i];
+    for (int i = 0; i < 6; ++i) sum += internal::times(v_[i], v.v_[i]);
     return sum;
 }
 KY_SMALL_PLAIN double Vector6::norm() const {
