@@ -23,12 +23,30 @@ KY_EXACT_BEGIN
 namespace KyMath {
 namespace internal {
 
+// The square root sets no errno. Clang leaves it to a call otherwise, which no loop that it
+// vectorises may contain.
+#if !defined(__clang__)
 KY_HELPER float root(float x) {
     return __builtin_sqrtf(x);
 }
 KY_HELPER double root(double x) {
     return __builtin_sqrt(x);
 }
+#elif __has_builtin(__builtin_elementwise_sqrt)
+template <class T>
+KY_HELPER T root(T x) {
+    return __builtin_elementwise_sqrt(x);
+}
+#else
+KY_HELPER float root(float x) {
+    typedef float Floats __attribute__((vector_size(16)));
+    return __builtin_ia32_sqrtss(Floats{x, 0, 0, 0})[0];
+}
+KY_HELPER double root(double x) {
+    typedef double Doubles __attribute__((vector_size(16)));
+    return __builtin_ia32_sqrtsd(Doubles{x, 0})[0];
+}
+#endif
 KY_HELPER float magnitude(float x) {
     return __builtin_fabsf(x);
 }
