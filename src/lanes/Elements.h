@@ -254,12 +254,13 @@ static KY_INLINE void writeOne(Elements<4, T> out, std::size_t i, const Fours<T>
 /// What is packed needs fewer registers in a loop of its own.
 template <std::size_t K, class T, class Op, class... In>
 static KY_INLINE void forEach(std::size_t i, std::size_t n, Elements<K, T> out, Op op, In... in) {
+    const std::size_t whole = n - (n - i) % kWide<T>;
     if (out.isPacked() && (in.isPacked() && ...)) {
-        for (; n - i >= kWide<T>; i += kWide<T>) {
+        for (; i < whole; i += kWide<T>) {
             writeLanes(out.packed(), i, op(readLanes(in.packed(), i)...));
         }
     }
-    for (; n - i >= kWide<T>; i += kWide<T>) writeLanes(out, i, op(readLanes(in, i)...));
+    for (; i < whole; i += kWide<T>) writeLanes(out, i, op(readLanes(in, i)...));
     for (; i < n; ++i) {
         writeOne(out, i, op(readOne(in, i)...));
         __asm__("" ::: "memory");  // the compiler needs no groups of its own
