@@ -23,14 +23,25 @@ KY_EXACT_BEGIN
 namespace KyMath {
 namespace internal {
 
-// The square root sets no errno. Clang leaves it to a call otherwise, which no loop that it
-// vectorises may contain.
-#if !defined(__clang__)
+// No square root sets errno, whatever the flags: for errno, compilers add a test and a call, and do
+// not vectorise.
+#if defined(__NO_MATH_ERRNO__)
 KY_HELPER float root(float x) {
     return __builtin_sqrtf(x);
 }
 KY_HELPER double root(double x) {
     return __builtin_sqrt(x);
+}
+#elif !defined(__clang__)
+KY_HELPER float root(float x) {
+    if (__builtin_constant_p(x)) return __builtin_sqrtf(x);
+    __asm__("%vsqrtss %0, %d0" : "+x"(x));
+    return x;
+}
+KY_HELPER double root(double x) {
+    if (__builtin_constant_p(x)) return __builtin_sqrt(x);
+    __asm__("%vsqrtsd %0, %d0" : "+x"(x));
+    return x;
 }
 #elif __has_builtin(__builtin_elementwise_sqrt)
 template <class T>
