@@ -52,8 +52,9 @@ in_order alphabetical cat
 in_order reverse tac
 for seed in 1 2 3; do in_order "random $seed" shuf --random-source=<(yes $seed); done
 
-# What a unit reads of ours, without comments, and which headers of the standard library.
-read_by() { echo "#include <$1>" | "$compiler" -E -dI -x c++ "-I$include" "${@:2}" -; }
+# What a unit reads of ours, without comments, and which headers of the standard library. Without errno,
+# where compilers differ.
+read_by() { echo "#include <$1>" | "$compiler" -E -dI -x c++ -fno-math-errno "-I$include" "${@:2}" -; }
 ours() { awk -v folder="\"$include/" '/^# [0-9]+ "/ {on = index($0, folder); next} on && NF'; }
 measured=$(for header in KyMath/Vectors.h KyMath/KyMath.h; do
     echo "$header: $(read_by $header | ours | grep -vc '^#include ') lines," \
