@@ -184,11 +184,9 @@ def draw(path, groups):
                   columnspacing=1.2, handletextpad=0.2)
     figure.savefig(path, metadata={"Date": None})
     text = pathlib.Path(path).read_text()
-    style = "".join(f"--c{k}: {{}}; " for k in range(len(colours)))
-    for k, colour in enumerate(colours):
-        text = text.replace(colour, f"var(--c{k})")
-    text = text.replace("<defs>", f"<style>svg {{ {style.format(*colours)} }} @media (prefers-color-scheme: dark) "
-                        f"{{ svg {{ {style.format(*colours.values())} }} }}</style>\n <defs>", 1)
+    dark = "".join(f'[style*="{part}: {light}"] {{ {part}: {colour} !important }} '
+                   for light, colour in colours.items() for part in ("fill", "stroke"))
+    text = text.replace("<defs>", f"<style>@media (prefers-color-scheme: dark) {{ {dark}}}</style>\n <defs>", 1)
     pathlib.Path(path).write_text(text)
 
 
