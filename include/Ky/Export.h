@@ -16,16 +16,11 @@
 #endif
 
 /// Defined where the compiler may fuse multiplications and additions even with -ffp-contract=off:
-/// GCC before 12.3, when it vectorises x * c - y * s beside x * s + y * c for a processor with FMA.
+/// GCC 12.0 to 12.2, when it vectorises x * c - y * s beside x * s + y * c for a processor with
+/// FMA.
 #if defined(__GNUC__) && !defined(__clang__) && __GNUC__ == 12 && __GNUC_MINOR__ < 3 && \
     (defined(__FMA__) || defined(__FMA4__) || defined(__AVX512F__))
 #define KY_VECTORS_FUSE
-#endif
-
-/// KYMATH_ARCHIVE is defined by clients of the archive: link-time optimisation may inline it into
-/// any function that follows.
-#if defined(KYMATH_ARCHIVE) && defined(KY_VECTORS_FUSE)
-#pragma GCC optimize("no-tree-loop-vectorize", "no-tree-slp-vectorize")
 #endif
 
 /// Ends the declaration of an overload that would compile and go wrong. In C++26 the compiler's

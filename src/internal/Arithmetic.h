@@ -17,7 +17,7 @@
 #endif
 
 #if defined(KY_VECTORS_FUSE) && !defined(KY_FUSES_NOTHING)
-#error "GCC before 12.3 fuses operations for a processor with FMA: needs -fno-tree-vectorize"
+#error "GCC 12.0 to 12.2 fuse operations for a processor with FMA: needs -fno-tree-vectorize"
 #endif
 
 #endif

@@ -1,5 +1,18 @@
 // SPDX-FileCopyrightText: 2026 The KyMath authors
 // SPDX-License-Identifier: Apache-2.0
+
+// Differences beside sums, which GCC 12.0 to 12.2 fuse in such a loop.
+template <class V>
+__attribute__((noinline)) double products(const V (&a)[32], const V (&b)[32]) {
+    double pairs[64], all = 0;
+    for (int i = 0; i < 32; ++i) {
+        pairs[2 * i] = a[i].cross(b[i]);
+        pairs[2 * i + 1] = a[i].dot(b[i]);
+    }
+    for (double value : pairs) all += value;
+    return all;
+}
+
 #include <KyMath/KyMath.h>
 
 #include <cstdio>
@@ -17,17 +30,6 @@ static const Matrix44d identity = Matrix44d::kIdentity;
 
 __attribute__((noinline)) static void turn(Vector2d& v, double angle) {
     v.rotate(angle);
-}
-
-// Differences beside sums, which GCC before 12.3 fuses in such a loop.
-__attribute__((noinline)) static double products(const Vector2d (&a)[32], const Vector2d (&b)[32]) {
-    double pairs[64], all = 0;
-    for (int i = 0; i < 32; ++i) {
-        pairs[2 * i] = a[i].cross(b[i]);
-        pairs[2 * i + 1] = a[i].dot(b[i]);
-    }
-    for (int i = 0; i < 64; ++i) all += pairs[i];
-    return all;
 }
 
 // A digest of the bits of sums of products, in which it shows if a compiler fused any of them.

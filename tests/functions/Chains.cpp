@@ -32,7 +32,7 @@ struct Run {
 // What vectors of three and four values share.
 template <class V, class T>
 void addShared(Run& run, V a, V b, T s) {
-    run.add((a + b * s - -a / s) * (b - a));
+    run.add((a + b * s - -a / s) * (b - a)), run.add(-(a * T(0)));
     run.add(a == b || a != b || (a < b) != (a > b) || a.isZero() || a.isFinite());
     run.add(a.normSquare()), run.add(b.lengthSqr()), run.add(a.norm()), run.add((a - b).length());
     V c(a);
@@ -81,7 +81,7 @@ void vectors(Run& run) {
     run.add(static_cast<const T*>(d)[1]), run.add(static_cast<T*>(e)[0]), run.add(f);
 }
 
-// Differences beside sums, which GCC before 12.3 fuses where it vectorises.
+// Differences beside sums, which GCC 12.0 to 12.2 fuse where they vectorise.
 template <class T>
 __attribute__((noinline)) void firstPair(T* out, QuaternionT<T> a, const QuaternionT<T>& b) {
     a *= b;

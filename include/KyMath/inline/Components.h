@@ -23,8 +23,7 @@ KY_EXACT_BEGIN
 namespace KyMath {
 namespace internal {
 
-// No square root sets errno, whatever the flags: for errno, compilers add a test and a call, and do
-// not vectorise.
+// The square root without errno: for that, compilers add a test and a call, and do not vectorise.
 #if defined(__NO_MATH_ERRNO__)
 KY_HELPER float root(float x) {
     return __builtin_sqrtf(x);
@@ -64,29 +63,15 @@ KY_HELPER float magnitude(float x) {
 KY_HELPER double magnitude(double x) {
     return __builtin_fabs(x);
 }
-// Products that no compiler fuses with a sum. Where Ky/Export.h tells of one that would, a product
-// is fused with -0 instead, which changes none, or is behind a barrier. The first form does not
-// keep loops with conditions from being vectorised, the second does not keep straight code from it.
-// (The library's own build defines KY_FUSES_NOTHING, and has flags for this.)
-#if defined(KY_VECTORS_FUSE) && !defined(KY_FUSES_NOTHING)
-KY_HELPER float times(float a, float b) {
-    return __builtin_fmaf(a, b, -0.0f);
-}
-KY_HELPER double times(double a, double b) {
-    return __builtin_fma(a, b, -0.0);
-}
-KY_HELPER double apart(double product) {
-    return __builtin_assoc_barrier(product);
-}
-#else
-KY_HELPER double apart(double product) {
-    return product;
-}
-#endif
-/// Of values, or of each value of a register and b.
+/// The product of values, or of each value of a register and b, behind a barrier where Ky/Export.h
+/// tells of a compiler that would fuse it with a sum.
 template <class V, class T>
 KY_HELPER V times(V a, T b) {
+#ifdef KY_VECTORS_FUSE
+    return __builtin_assoc_barrier(a * b);
+#else
     return a * b;
+#endif
 }
 /// As std::min and std::max, also where a value is NaN.
 template <class T>

@@ -211,14 +211,10 @@ KY_HELPER void multiplyQuaternions(float* q, const float* left, const float* rig
                    (Floats)((Bits)third ^ minusFirst) - fourth;
 }
 KY_HELPER void multiplyQuaternions(double* q, const double* a, const double* b) {
-    const double w =
-        apart(a[0] * b[0]) - apart(a[1] * b[1]) - apart(a[2] * b[2]) - apart(a[3] * b[3]);
-    const double x =
-        apart(a[0] * b[1]) + apart(a[1] * b[0]) + apart(a[2] * b[3]) - apart(a[3] * b[2]);
-    const double y =
-        apart(a[0] * b[2]) + apart(a[2] * b[0]) + apart(a[3] * b[1]) - apart(a[1] * b[3]);
-    const double z =
-        apart(a[0] * b[3]) + apart(a[3] * b[0]) + apart(a[1] * b[2]) - apart(a[2] * b[1]);
+    const double w = times(a[0], b[0]) - times(a[1], b[1]) - times(a[2], b[2]) - times(a[3], b[3]);
+    const double x = times(a[0], b[1]) + times(a[1], b[0]) + times(a[2], b[3]) - times(a[3], b[2]);
+    const double y = times(a[0], b[2]) + times(a[2], b[0]) + times(a[3], b[1]) - times(a[1], b[3]);
+    const double z = times(a[0], b[3]) + times(a[3], b[0]) + times(a[1], b[2]) - times(a[2], b[1]);
     setQuaternion(q, w, x, y, z);
 }
 

@@ -177,6 +177,7 @@ KY_SMALL T Vector3T<T>::operator*(const Vector3T& v) const {
 template <class T>
 KY_SMALL Vector3T<T> Vector3T<T>::cross(const Vector3T& v) const {
     using internal::times;
+    // Braces evaluate in order, which GCC pairs better.
     const T* const a = v_;
     const T* const b = v.v_;
     return Vector3T{times(a[1], b[2]) - times(a[2], b[1]), times(a[2], b[0]) - times(a[0], b[2]),
