@@ -23,8 +23,9 @@ KY_EXACT_BEGIN
 namespace KyMath {
 namespace internal {
 
-// The square root without errno: for that, compilers add a test and a call, and do not vectorise.
-#if defined(__NO_MATH_ERRNO__)
+// For clients, the square root without errno: for that, compilers add a test and a call, and do not
+// vectorise.
+#if defined(__NO_MATH_ERRNO__) || !defined(KYMATH_INLINE)
 KY_HELPER float root(float x) {
     return __builtin_sqrtf(x);
 }
