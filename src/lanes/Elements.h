@@ -47,7 +47,7 @@ struct Elements {
 
 // Points next to each other in memory.
 
-#ifdef __AVX512F__
+#ifdef __AVX512DQ__
 
 // Value c of point k is value 3 k + c of three registers: taken from two of them at a time, with
 // any value where the third has it.
@@ -150,7 +150,7 @@ static KY_INLINE WidePoints<T> readLanes(Elements<3, const T> in, std::size_t i)
     const ValuePairs<T> xy = gatherPairs(group, 0);
     return {xy.first, xy.second, gather(group, 2)};
 }
-#ifdef __AVX512F__
+#ifdef __AVX512DQ__
 
 /// Value First of each four of a and b, then the next value of each four.
 template <std::size_t First, class V, std::size_t... Lane>
@@ -177,7 +177,7 @@ static KY_INLINE WideFours<T> loadFours(const T* p) {
 
 template <class T>
 static KY_INLINE WideFours<T> readLanes(Elements<4, const T> in, std::size_t i) {
-#ifdef __AVX512F__
+#ifdef __AVX512DQ__
     if (in.isPacked()) return loadFours(in[i]);
 #endif
     const Group<T> group = wholeGroupAt(in.s, i);

@@ -77,7 +77,7 @@ static KY_INLINE Lanes<double> load(const double* p) {
 
 namespace {
 
-#if defined(__AVX512F__)
+#if defined(__AVX512DQ__)
 constexpr std::size_t kRegister = 64;
 #elif defined(__AVX__)
 constexpr std::size_t kRegister = 32;
@@ -220,7 +220,7 @@ static KY_INLINE unsigned int bitsOf(Bits holds) {
 /// Bit k is set where a < b in lane k of a register.
 template <class V>
 static KY_INLINE unsigned int bitsBelow(V a, V b) {
-#ifdef __AVX512F__
+#ifdef __AVX512DQ__
     if constexpr (sizeof a == 64 && sizeof a[0] == 4) {
         return _mm512_cmp_ps_mask(reinterpret_cast<__m512>(a), reinterpret_cast<__m512>(b),
                                   _CMP_LT_OS);
@@ -254,7 +254,7 @@ static KY_INLINE V squareRoot(V v) {
         return reinterpret_cast<V>(_mm256_sqrt_pd(reinterpret_cast<__m256d>(v)));
     }
 #endif
-#ifdef __AVX512F__
+#ifdef __AVX512DQ__
     else if constexpr (kFloats) {
         return reinterpret_cast<V>(_mm512_maskz_sqrt_ps(0xffff, reinterpret_cast<__m512>(v)));
     } else {
